@@ -1,0 +1,24 @@
+#pragma once
+
+/// KOVA_API marks what the shared library exports; everything else is hidden.
+/// The library's own build defines KOVA_BUILDING.
+#if defined(_WIN32)
+#  if defined(KOVA_BUILDING)
+#    define KOVA_API __declspec(dllexport)
+#  else
+#    define KOVA_API __declspec(dllimport)
+#  endif
+#else
+#  define KOVA_API __attribute__((visibility("default")))
+#endif
+
+/// KOVA_PRINTF(f, a) lets the compiler check calls of a printf-like function whose format is
+/// parameter f and whose arguments begin at a (0 for a va_list). A member function's hidden object
+/// is parameter 1.
+#if defined(__clang__)
+#  define KOVA_PRINTF(f, a) __attribute__((format(printf, f, a)))
+#elif defined(__GNUC__)
+#  define KOVA_PRINTF(f, a) __attribute__((format(gnu_printf, f, a)))
+#else
+#  define KOVA_PRINTF(f, a)
+#endif

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdarg>
+#include <cstddef>
+#include <vector>
+
+#include <kova/diagnostics/KOVAEventBus.h>
+#include <kova/diagnostics/KOVAMessageEvents.h>
+
+/// What the reporting calls have in common: format once, bounded, behind the indentation; read the
+/// result as a format without arguments; fire it.
+namespace kova::detail {
+
+/// Longest text of a message, terminator included.
+constexpr std::size_t kMessageSize = 1024;
+
+/// Formats within `size` bytes and terminates, whatever the format. Returns the length.
+std::size_t formatBounded(char* buffer, std::size_t size, char const* format, std::va_list arguments)
+    KOVA_PRINTF(3, 0);
+
+/// The finished text of one reporting call.
+class ReportText {
+public:
+    ReportText(int indentation, char const* format, std::va_list arguments) KOVA_PRINTF(3, 0);
+    ReportText(ReportText const&) = delete;
+    ReportText& operator=(ReportText const&) = delete;
+
+    /// Fires an event that borrows the text: it lives no longer than this call.
+    template <class Event, class... Arguments> void fire(Arguments... arguments) const {
+        Event event(arguments...);
+        Loan const loan(event, *text_ ? text_ : nullptr);
+        KOVAEventBus::Fire(event);
+    }
+
+private:
+    /// Takes the text out of the event again, whatever a listener throws.
+    class Loan {
+    public:
+        Loan(KOVATextEvent& event, char* text) noexcept : event_(event) { event_.text_ = text; }
+        Loan(Loan const&) = delete;
+        Loan& operator=(Loan const&) = delete;
+        ~Loan() { event_.text_ = nullptr; }
+
+    private:
+        KOVATextEvent& event_;
+    };
+
+    char local_[kMessageSize + 192];
+    std::vector<char> deep_; ///< for an indentation that does not fit
+    char* text_;
+};
+
+} // namespace kova::detail

@@ -1,0 +1,39 @@
+#pragma once
+
+/// Every public header of the library.
+
+#include <kova/core/Gk_ErrMgr.h>
+#include <kova/core/Gk_Exception.h>
+#include <kova/core/KOVAArrayHeader.h>
+#include <kova/core/KOVAMemoryBound.h>
+#include <kova/core/KOVAReferenceCount.h>
+#include <kova/core/KOVAReferenceHandle.h>
+#include <kova/core/KOVIResult.h>
+#include <kova/core/export.h>
+#include <kova/containers/KOVADynamicArray.h>
+#include <kova/containers/KOVAList.h>
+#include <kova/containers/KOVAStack.h>
+#include <kova/text/Gk_Marker.h>
+#include <kova/text/Gk_ROString.h>
+#include <kova/text/Gk_RWString.h>
+#include <kova/text/Gk_String.h>
+#include <kova/text/KOVAString.h>
+#include <kova/diagnostics/KOVAAssert.h>
+#include <kova/diagnostics/KOVADebug.h>
+#include <kova/diagnostics/KOVAError.h>
+#include <kova/diagnostics/KOVAErrorTracker.h>
+#include <kova/diagnostics/KOVAEvent.h>
+#include <kova/diagnostics/KOVAEventBus.h>
+#include <kova/diagnostics/KOVAEventLevel.h>
+#include <kova/diagnostics/KOVAEventListener.h>
+#include <kova/diagnostics/KOVAInfo.h>
+#include <kova/diagnostics/KOVAMessageEvents.h>
+#include <kova/diagnostics/KOVAObject.h>
+#include <kova/diagnostics/KOVAVerbose.h>
+#include <kova/diagnostics/KOVAWarning.h>
+#include <kova/stream/KOVAFileDescriptor.h>
+#include <kova/stream/KOVAFileInputStream.h>
+#include <kova/stream/KOVAFileOutputStream.h>
+#include <kova/stream/KOVAInputStream.h>
+#include <kova/stream/KOVAOutputStream.h>
+#include <kova/system/KOVAFilePath.h>

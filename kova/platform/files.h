@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+
+class KOVAString;
+
+/// The system's file calls. Names are taken with backslashes or slashes, narrow in the locale's
+/// encoding or wide; a null name is refused. Interrupted calls go on by themselves.
+namespace kova::detail {
+
+enum class FileAccess { Read, Write };
+enum class FileTranslation { Text, Binary };
+enum class SeekFrom { Start, Current, End };
+
+/// A file number, or -1. Writing creates (for the owner alone) or truncates. Folders are refused.
+int openFile(char const* name, FileAccess access, FileTranslation translation);
+int openFile(unsigned short const* name, FileAccess access, FileTranslation translation);
+void closeFile(int file) noexcept;
+
+/// Bytes read or written, or -1. Writing stops short of `count` only when the system refuses more.
+int readFile(int file, char* buffer, unsigned int count) noexcept;
+int writeFile(int file, char const* buffer, unsigned int count) noexcept;
+
+/// The new position, or -1.
+std::int64_t seekFile(int file, std::int64_t offset, SeekFrom from) noexcept;
+
+/// The stream's file number; -1 for a null stream.
+int fileNumber(std::FILE* stream) noexcept;
+
+/// What the file's owner may do.
+struct FilePermissions {
+    bool read;
+    bool write;
+};
+FilePermissions filePermissions(int file) noexcept;
+
+/// As fopen; a folder does not open.
+std::FILE* openStream(unsigned short const* name, unsigned short const* mode);
+bool removeFile(unsigned short const* name);
+KOVAString currentDirectory();
+unsigned long processId() noexcept;
+
+} // namespace kova::detail

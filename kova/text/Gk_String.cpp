@@ -1,0 +1,131 @@
+#include <kova/text/Gk_String.h>
+
+#include <algorithm>
+#include <string>
+
+#include <kova/stream/KOVAOutputStream.h>
+
+static_assert(sizeof(void*) != 4 || sizeof(Gk_String) == 4);
+
+namespace {
+
+std::string_view bytes(char const* text, int n) {
+    return text && n > 0 ? std::string_view(text, static_cast<std::size_t>(n)) : std::string_view();
+}
+
+std::string_view whole(char const* text) {
+    return text ? std::string_view(text) : std::string_view();
+}
+
+std::string terminated(std::string_view text) {
+    std::string result(text);
+    if (result.empty() || result.back() != '\0')
+        result.push_back('\0');
+    return result;
+}
+
+} // namespace
+
+Gk_String::Gk_String(char const* text) {
+    addText(terminated(whole(text)));
+}
+
+Gk_String::Gk_String(char const* text, int n) {
+    addText(bytes(text, n));
+}
+
+Gk_String::Gk_String(Gk_ROString const& view) {
+    addText(terminated(view.characters()));
+}
+
+int Gk_String::dataLen() const {
+    int const n = len();
+    return n > 0 && array_[n - 1] == '\0' ? n - 1 : n;
+}
+
+Gk_String::operator char*() const {
+    return len() > 0 ? const_cast<char*>(array_.getArray()) : nullptr;
+}
+
+void Gk_String::addText(std::string_view text) {
+    for (char const c : text)
+        array_.add(c);
+}
+
+/// The text must not lie in this array.
+void Gk_String::replaceLast(std::string_view text) {
+    if (len() > 0)
+        array_.removeAt(len() - 1);
+    addText(text);
+}
+
+void Gk_String::append(char const* text) {
+    replaceLast(terminated(whole(text)));
+}
+
+void Gk_String::append(Gk_String const& text) {
+    append(Gk_ROString(text.array_));
+}
+
+void Gk_String::append(Gk_ROString const& view) {
+    replaceLast(terminated(view.characters()));
+}
+
+void Gk_String::append(int n, char const* text) {
+    replaceLast(terminated(bytes(text, n)));
+}
+
+void Gk_String::chop(int n) {
+    n = std::max(n, 0);
+    if (n < len()) {
+        shrinkEnd(len() - n);
+        array_.add('\0');
+    }
+}
+
+void Gk_String::shrinkFront(int n) {
+    array_.frontShrink(std::min(n, len()));
+}
+
+void Gk_String::shrinkEnd(int n) {
+    array_.endShrink(std::min(n, len()));
+}
+
+void Gk_String::ensure(int n) {
+    if (len() >= n) {
+        chop(n);
+        return;
+    }
+    shrinkEnd(len() - dataLen());
+    while (len() < n)
+        array_.add(' ');
+    array_.add('\0');
+}
+
+Gk_String Gk_String::subset(int start, int n) const {
+    std::string_view const all = Gk_ROString(array_).characters();
+    std::size_t const from = std::min(static_cast<std::size_t>(std::max(start, 0)), all.size());
+    Gk_String result;
+    result.addText(terminated(all.substr(from, static_cast<std::size_t>(std::max(n, 0)))));
+    return result;
+}
+
+Gk_String Gk_String::copy() const {
+    Gk_String result;
+    result.array_ = array_.copy();
+    return result;
+}
+
+bool Gk_String::operator==(Gk_String const& other) const {
+    return (len() > 0) == (other.len() > 0) && Gk_ROString(array_) == Gk_ROString(other.array_);
+}
+
+bool Gk_String::operator<(Gk_String const& other) const {
+    if (len() == 0 || other.len() == 0)
+        return other.len() > 0 && len() == 0;
+    return Gk_ROString(array_) < Gk_ROString(other.array_);
+}
+
+KOVAOutputStream& operator<<(KOVAOutputStream& out, Gk_String const& s) {
+    return out << s.dataStr();
+}

@@ -1,0 +1,537 @@
+#include <kova/text/KOVAString.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+#include <cwctype>
+#include <limits>
+#include <new>
+#include <string>
+#include <vector>
+
+#include <kova/diagnostics/KOVADebug.h>
+#include <kova/platform/threads.h>
+#include <kova/text/conversion.h>
+
+static_assert(sizeof(void*) != 4 || sizeof(KOVAString) == 12);
+
+namespace {
+
+using Unit = unsigned short;
+
+/// What stands in front of the units.
+struct BlockHead {
+    std::atomic<std::uint32_t> references;
+    std::int32_t length;
+};
+
+static_assert(sizeof(BlockHead) == 8);
+
+BlockHead* head(Unit* units) noexcept {
+    return reinterpret_cast<BlockHead*>(units) - 1;
+}
+
+std::size_t terminatedLength(Unit const* units) noexcept {
+    std::size_t length = 0;
+    while (units[length])
+        ++length;
+    return length;
+}
+
+/// Number of leading units that are the same.
+std::size_t commonLength(Unit const* a, Unit const* b, std::size_t limit) noexcept {
+    constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(Unit);
+    std::size_t i = 0;
+    for (; i + kStep <= limit; i += kStep) {
+        std::uint64_t wordA;
+        std::uint64_t wordB;
+        std::memcpy(&wordA, a + i, sizeof wordA);
+        std::memcpy(&wordB, b + i, sizeof wordB);
+        if (wordA != wordB)
+            break;
+    }
+    while (i < limit && a[i] == b[i])
+        ++i;
+    return i;
+}
+
+bool sameUnits(Unit const* a, Unit const* b, int count) noexcept {
+    return std::memcmp(a, b, static_cast<std::size_t>(count) * sizeof(Unit)) == 0;
+}
+
+template <class Number> int order(Number a, Number b) noexcept {
+    return (a > b) - (a < b);
+}
+
+Unit mappedBy(std::wint_t (*function)(std::wint_t), Unit unit) noexcept {
+    unsigned long const result = function(unit);
+    return result <= 0xFFFFU ? static_cast<Unit>(result) : unit;
+}
+
+/// Case folding as the C runtime does it. Nearly all locales treat ASCII letters alike; one question
+/// tells, and spares a call for each unit.
+class LowerCase {
+public:
+    LowerCase() noexcept : plainAscii_(std::towlower(L'I') == L'i') {}
+    Unit operator()(Unit unit) const noexcept {
+        if (plainAscii_ && unit < 0x80)
+            return unit >= 'A' && unit <= 'Z' ? static_cast<Unit>(unit + ('a' - 'A')) : unit;
+        return mappedBy(&std::towlower, unit);
+    }
+
+private:
+    bool plainAscii_;
+};
+
+class UpperCase {
+public:
+    UpperCase() noexcept : plainAscii_(std::towupper(L'i') == L'I') {}
+    Unit operator()(Unit unit) const noexcept {
+        if (plainAscii_ && unit < 0x80)
+            return unit >= 'a' && unit <= 'z' ? static_cast<Unit>(unit - ('a' - 'A')) : unit;
+        return mappedBy(&std::towupper, unit);
+    }
+
+private:
+    bool plainAscii_;
+};
+
+int compareFolded(Unit const* a, int lengthA, Unit const* b, int lengthB) noexcept {
+    LowerCase const lower;
+    int const limit = std::min(lengthA, lengthB);
+    for (int i = 0; i < limit; ++i) {
+        if (a[i] == b[i])
+            continue;
+        Unit const lowerA = lower(a[i]);
+        Unit const lowerB = lower(b[i]);
+        if (lowerA != lowerB)
+            return order(lowerA, lowerB);
+    }
+    return order(lengthA, lengthB);
+}
+
+bool isSpace(Unit unit) noexcept {
+    return std::iswspace(unit) != 0;
+}
+
+} // namespace
+
+// --- the shared block
+
+Unit* KOVAString::allocate(std::size_t length) {
+    if (length > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()) / sizeof(Unit) - sizeof(BlockHead))
+        throw std::bad_alloc();
+    void* const memory = ::operator new(sizeof(BlockHead) + (length + 1) * sizeof(Unit));
+    BlockHead* const block = new (memory) BlockHead{{1}, static_cast<std::int32_t>(length)};
+    Unit* const units = reinterpret_cast<Unit*>(block + 1);
+    units[length] = 0;
+    return units;
+}
+
+Unit* KOVAString::shared(Unit* units) noexcept {
+    if (units) {
+        std::atomic<std::uint32_t>& references = head(units)->references;
+        if (kova::detail::singleThreaded())
+            references.store(references.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+        else
+            references.fetch_add(1, std::memory_order_relaxed);
+    }
+    return units;
+}
+
+void KOVAString::release(Unit* units) noexcept {
+    if (!units)
+        return;
+    std::atomic<std::uint32_t>& references = head(units)->references;
+    if (references.load(std::memory_order_acquire) != 1) {
+        if (kova::detail::singleThreaded()) {
+            references.store(references.load(std::memory_order_relaxed) - 1, std::memory_order_relaxed);
+            return;
+        }
+        if (references.fetch_sub(1, std::memory_order_acq_rel) != 1)
+            return;
+    }
+    ::operator delete(head(units));
+}
+
+KOVAString KOVAString::adopt(Unit* units) noexcept {
+    KOVAString result;
+    result.units_ = units;
+    return result;
+}
+
+Unit* KOVAString::copyOf(Unit const* units, std::size_t length) {
+    Unit* const copy = allocate(length);
+    std::memcpy(copy, units, length * sizeof(Unit));
+    return copy;
+}
+
+// --- construction and assignment
+
+KOVAString::KOVAString(char const* text) : KOVAString() {
+    if (text)
+        convert(text, std::strlen(text));
+}
+
+KOVAString::KOVAString(Unit const* units)
+    : units_(units ? copyOf(units, terminatedLength(units)) : nullptr), narrow_(nullptr) {}
+
+KOVAString::KOVAString(Unit unit) : units_(copyOf(&unit, unit ? 1 : 0)), narrow_(nullptr) {}
+
+KOVAString::KOVAString(int size, char const* format, ...) : KOVAString() {
+    if (!format)
+        return;
+    std::size_t const room = size > 0 ? static_cast<std::size_t>(size) : 1;
+    char small[1024];
+    std::vector<char> large;
+    char* buffer = small;
+    std::size_t capacity = std::min(room, sizeof small);
+    std::va_list arguments;
+    va_start(arguments, format);
+    std::va_list again;
+    va_copy(again, arguments);
+    int written = std::vsnprintf(buffer, capacity, format, arguments);
+    if (room > sizeof small && written >= static_cast<int>(sizeof small)) {
+        capacity = std::min(room, static_cast<std::size_t>(written) + 1);
+        large.resize(capacity);
+        buffer = large.data();
+        written = std::vsnprintf(buffer, capacity, format, again);
+    }
+    va_end(again);
+    va_end(arguments);
+    if (written < 0)
+        buffer[0] = 0;
+    convert(buffer, std::strlen(buffer));
+}
+
+KOVAString::KOVAString(KOVAString const& other) noexcept : units_(shared(other.units_)), narrow_(nullptr) {}
+
+KOVAString::KOVAString(KOVAString&& other) noexcept : units_(other.units_), narrow_(other.narrow_) {
+    other.units_ = nullptr;
+    other.narrow_ = nullptr;
+}
+
+KOVAString& KOVAString::operator=(KOVAString const& other) {
+    if (this == &other)
+        return *this;
+    char* copied = nullptr;
+    if (narrow_ && other.narrow_) {
+        std::size_t const size = std::strlen(other.narrow_) + 1;
+        copied = new char[size];
+        std::memcpy(copied, other.narrow_, size);
+    }
+    delete[] narrow_;
+    narrow_ = copied;
+    Unit* const former = units_;
+    units_ = shared(other.units_);
+    release(former);
+    return *this;
+}
+
+KOVAString& KOVAString::operator=(KOVAString&& other) noexcept {
+    std::swap(units_, other.units_);
+    std::swap(narrow_, other.narrow_);
+    return *this;
+}
+
+KOVAString::~KOVAString() {
+    release(units_);
+    delete[] narrow_;
+}
+
+void KOVAString::convert(char const* text, std::size_t count) {
+    if (kova::detail::isAscii(text, count)) {
+        units_ = allocate(count);
+        for (std::size_t i = 0; i < count; ++i)
+            units_[i] = static_cast<unsigned char>(text[i]);
+        return;
+    }
+    std::vector<Unit> const units = kova::detail::decode(text, count);
+    units_ = copyOf(units.data(), units.size());
+}
+
+// --- access
+
+int KOVAString::GetLengthInChar() const {
+    return units_ ? static_cast<int>(kova::detail::encodedLength(units_, static_cast<std::size_t>(length()))) : 0;
+}
+
+KOVAString::operator char const*() const {
+    if (!narrow_ && units_) {
+        int const bytes = GetLengthInChar();
+        char* const text = new char[static_cast<std::size_t>(bytes) + 1];
+        getChars(0, bytes, text, 0);
+        narrow_ = text;
+    }
+    return narrow_;
+}
+
+Unit KOVAString::charAt(int i) const noexcept {
+    return i >= 0 && i < length() ? units_[i] : Unit{0};
+}
+
+void KOVAString::getChars(int begin, int end, Unit* dst, int dstBegin) const {
+    if (!dst || dstBegin < 0)
+        return;
+    dst += dstBegin;
+    dst[0] = 0;
+    int const last = std::min(end, length());
+    if (begin < 0 || begin >= last)
+        return;
+    int const count = last - begin;
+    std::memcpy(dst, units_ + begin, static_cast<std::size_t>(count) * sizeof(Unit));
+    dst[count] = 0;
+}
+
+void KOVAString::getChars(int begin, int end, char* dst, int dstBegin) const {
+    if (!dst || dstBegin < 0)
+        return;
+    dst += dstBegin;
+    dst[0] = 0;
+    int const last = std::min(end, GetLengthInChar());
+    if (begin < 0 || begin >= last || begin > length())
+        return;
+    std::size_t const bytes = static_cast<std::size_t>(last - begin);
+    std::size_t const available = static_cast<std::size_t>(length() - begin);
+    Unit const* const from = units_ + begin;
+    dst[bytes] = 0;
+    if (bytes <= available && kova::detail::isAscii(from, bytes)) {
+        for (std::size_t i = 0; i < bytes; ++i)
+            dst[i] = static_cast<char>(from[i]);
+        return;
+    }
+    std::size_t const written = kova::detail::encode(from, available, dst, bytes);
+    if (written != kova::detail::kUnconvertible) {
+        dst[written] = 0;
+        return;
+    }
+    for (std::size_t i = 0; i < bytes; ++i) {
+        Unit const unit = charAt(static_cast<int>(i));
+        dst[i] = unit > 0xFF ? '-' : static_cast<char>(unit);
+    }
+}
+
+void KOVAString::dump() const {
+    std::string text;
+    for (int i = 0; i < length(); ++i) {
+        char const low = static_cast<char>(units_[i] & 0xFF);
+        // A percent sign is doubled because a message's text is formatted once more.
+        text.append(low == '%' ? 2 : 1, low);
+    }
+    KOVADebug::Printf("string 0x%llx (0x%llx): \"%s\" (%d chars)\n",
+                      static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(this)),
+                      static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(units_)), text.c_str(), length());
+}
+
+// --- comparison
+
+int KOVAString::compareTo(KOVAString const& other) const noexcept {
+    if (units_ == other.units_)
+        return 0;
+    if (!units_ || !other.units_)
+        return units_ ? 1 : -1;
+    // The units may be compared up to the shorter text's terminator, which differs from any unit.
+    int const limit = std::min(length(), other.length());
+    std::size_t const common = commonLength(units_, other.units_, static_cast<std::size_t>(limit));
+    return order(units_[common], other.units_[common]);
+}
+
+bool KOVAString::equals(KOVAString const& other) const noexcept {
+    if (units_ == other.units_)
+        return true;
+    return units_ && other.units_ && length() == other.length() && sameUnits(units_, other.units_, length());
+}
+
+int KOVAString::compareToIgnoreCase(KOVAString const& other) const noexcept {
+    if (units_ == other.units_)
+        return 0;
+    if (!units_ || !other.units_)
+        return units_ ? 1 : -1;
+    return compareFolded(units_, length(), other.units_, other.length());
+}
+
+std::uint32_t KOVAString::hashCode() const noexcept {
+    std::uint32_t hash = 0;
+    for (int i = 0, n = length(); i < n; ++i)
+        hash = hash * 33 + units_[i];
+    return hash;
+}
+
+// --- searching
+
+int KOVAString::indexOf(Unit unit, int from) const noexcept {
+    int const n = length();
+    if (from < 0 || from >= n)
+        return -1;
+    Unit const* const found = std::find(units_ + from, units_ + n, unit);
+    return found == units_ + n ? -1 : static_cast<int>(found - units_);
+}
+
+int KOVAString::indexOf(KOVAString const& str, int from) const noexcept {
+    int const n = str.length();
+    if (n == 0 || from < 0)
+        return -1;
+    for (int p = from, last = length() - n; p <= last; ++p) {
+        if (units_[p] == str.units_[0] && sameUnits(units_ + p, str.units_, n))
+            return p;
+    }
+    return -1;
+}
+
+int KOVAString::lastIndexOf(Unit unit, int from) const noexcept {
+    if (from >= length())
+        return -1;
+    while (from >= 0 && units_[from] != unit)
+        --from;
+    return from < 0 ? -1 : from;
+}
+
+int KOVAString::lastIndexOfAfter(Unit unit, int from) const noexcept {
+    if (from < 0)
+        return -1;
+    int const found = lastIndexOf(unit, length() - 1);
+    return found > from ? found : -1;
+}
+
+int KOVAString::lastIndexOf(KOVAString const& str, int from) const noexcept {
+    int const n = str.length();
+    if (n == 0 || from < 0 || from >= length())
+        return -1;
+    for (int p = std::min(from, length() - n); p >= 0; --p) {
+        if (units_[p] == str.units_[0] && sameUnits(units_ + p, str.units_, n))
+            return p;
+    }
+    return -1;
+}
+
+bool KOVAString::startsWith(KOVAString const& str, int offset) const noexcept {
+    int const n = str.length();
+    if (n == 0 || offset < 0 || offset > length() - n)
+        return false;
+    return sameUnits(units_ + offset, str.units_, n);
+}
+
+bool KOVAString::endsWith(Unit unit) const noexcept {
+    return length() > 0 && units_[length() - 1] == unit;
+}
+
+bool KOVAString::endsWith(KOVAString const& str) const noexcept {
+    return startsWith(str, length() - str.length());
+}
+
+bool KOVAString::endsWithIgnoreCase(KOVAString const& str) const noexcept {
+    int const n = str.length();
+    if (n == 0 || n > length())
+        return false;
+    return compareFolded(units_ + length() - n, n, str.units_, n) == 0;
+}
+
+// --- derived strings
+
+KOVAString KOVAString::substring(int begin, int end) const {
+    int const n = length();
+    if (begin < 0 || begin >= n || end > n || end <= begin)
+        return KOVAString();
+    if (begin == 0 && end == n)
+        return *this;
+    return adopt(copyOf(units_ + begin, static_cast<std::size_t>(end - begin)));
+}
+
+KOVAString KOVAString::concat(KOVAString const& other) const {
+    if (length() == 0)
+        return other.orNull();
+    if (other.length() == 0)
+        return *this;
+    std::size_t const left = static_cast<std::size_t>(length());
+    std::size_t const right = static_cast<std::size_t>(other.length());
+    Unit* const joined = allocate(left + right);
+    std::memcpy(joined, units_, left * sizeof(Unit));
+    std::memcpy(joined + left, other.units_, right * sizeof(Unit));
+    return adopt(joined);
+}
+
+/// The text with each unit replaced by its image; shares this block where nothing changes.
+template <class Function> KOVAString KOVAString::mapped(Function const& function) const {
+    int const n = length();
+    int first = 0;
+    while (first < n && function(units_[first]) == units_[first])
+        ++first;
+    if (first == n)
+        return orNull();
+    Unit* const result = copyOf(units_, static_cast<std::size_t>(n));
+    std::transform(units_ + first, units_ + n, result + first, function);
+    return adopt(result);
+}
+
+KOVAString KOVAString::replace(Unit oldUnit, Unit newUnit) const {
+    if (newUnit == 0) {
+        // A terminator in place of a unit ends the text there.
+        int const end = indexOf(oldUnit);
+        return end < 0 ? orNull() : substring(0, end);
+    }
+    return mapped([=](Unit unit) { return unit == oldUnit ? newUnit : unit; });
+}
+
+KOVAString KOVAString::toLowerCase() const {
+    return mapped(LowerCase());
+}
+
+KOVAString KOVAString::toUpperCase() const {
+    return mapped(UpperCase());
+}
+
+KOVAString KOVAString::trim() const {
+    int const n = length();
+    int start = 0;
+    while (start < n && isSpace(units_[start]))
+        ++start;
+    int last = n - 1;
+    while (last >= 0 && isSpace(units_[last]))
+        --last;
+    int const end = last < n - 1 ? last + 1 : last;
+    return substring(start, end);
+}
+
+// --- values
+
+KOVAString KOVAString::valueOf(double value) {
+    char text[std::numeric_limits<double>::max_exponent10 + 16];
+    std::snprintf(text, sizeof text, "%f", value);
+    return KOVAString(text);
+}
+
+KOVAString KOVAString::valueOf(float value) {
+    return valueOf(static_cast<double>(value));
+}
+
+KOVAString KOVAString::valueOf(int value) {
+    return valueOf(static_cast<long>(value));
+}
+
+KOVAString KOVAString::valueOf(long value) {
+    return KOVAString(std::to_string(value).c_str());
+}
+
+KOVAString KOVAString::valueOf(bool value) {
+    return KOVAString(value ? "true" : "false");
+}
+
+KOVAString KOVAString::valueOf(Unit unit) {
+    return KOVAString(unit);
+}
+
+KOVAString KOVAString::valueOf(Unit const* units) {
+    return KOVAString(units);
+}
+
+KOVAString KOVAString::valueOf(Unit const* data, int offset, int count) {
+    if (!data || count <= 0)
+        return KOVAString();
+    Unit const* const begin = data + offset;
+    Unit const* const end = std::find(begin, begin + count, Unit{0});
+    if (begin == end)
+        return KOVAString();
+    return adopt(copyOf(begin, static_cast<std::size_t>(end - begin)));
+}
