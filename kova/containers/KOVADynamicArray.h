@@ -25,8 +25,7 @@ public:
     KOVADynamicArray() : header_(kovaArrayAllocate(kInitialCapacity, kElementSize)) {}
 
     /// n copies of the value; none when n is below 1.
-    KOVADynamicArray(int n, T const& value)
-        : header_(kovaArrayAllocate(n < 1 ? kInitialCapacity : n, kElementSize)) {
+    KOVADynamicArray(int n, T const& value) : header_(kovaArrayAllocate(n < 1 ? kInitialCapacity : n, kElementSize)) {
         for (int i = 0; i < n && header_; ++i)
             add(value);
     }

@@ -22,6 +22,16 @@ void KOVAList::release(KOVAListNode* node) noexcept {
     }
 }
 
+/// Makes `after` the successor of `before`. A backward link always belongs to a forward one, so that a
+/// node which goes takes the links to itself along.
+void KOVAList::link(KOVAListNode* before, KOVAListNode* after) noexcept {
+    if (before->next_ && before->next_->prev_ == before)
+        before->next_->prev_ = nullptr;
+    point(before->next_, after);
+    if (after)
+        after->prev_ = before;
+}
+
 KOVAList::KOVAList(KOVAList const& other) noexcept : size_(other.size_) {
     point(head_, other.head_);
     point(tail_, other.tail_);
@@ -42,20 +52,16 @@ void KOVAList::PushBack(void* v) {
     KOVAListNode* const node = new KOVAListNode(v);
     if (!head_)
         point(head_, node);
-    if (tail_) {
-        point(tail_->next_, node);
-        node->prev_ = tail_;
-    }
+    if (tail_)
+        link(tail_, node);
     point(tail_, node);
     ++size_;
 }
 
 void KOVAList::PushFront(void* v) {
     KOVAListNode* const node = new KOVAListNode(v);
-    if (head_) {
-        point(node->next_, head_);
-        head_->prev_ = node;
-    }
+    if (head_)
+        link(node, head_);
     point(head_, node);
     ++size_;
 }
@@ -84,11 +90,8 @@ void KOVAList::Erase(KOVAListNode::KOVAListIterator position) {
             before = before->next_;
         if (node == tail_)
             point(tail_, before);
-        if (before) {
-            if (node->next_)
-                node->next_->prev_ = before;
-            point(before->next_, node->next_);
-        }
+        if (before)
+            link(before, node->next_);
     }
     --size_;
     point(node, nullptr);

@@ -153,6 +153,7 @@ public:
 private:
     static void point(KOVAListNode*& pointer, KOVAListNode* node) noexcept;
     static void release(KOVAListNode* node) noexcept;
+    static void link(KOVAListNode* before, KOVAListNode* after) noexcept;
 
     KOVAListNode* head_ = nullptr;
     KOVAListNode* tail_ = nullptr;

@@ -10,7 +10,7 @@ class KOVA_API KOVAReferenceCount {
 public:
     explicit KOVAReferenceCount(unsigned int initial) noexcept : count_(initial) {}
     /// A copy starts without holders.
-    KOVAReferenceCount(KOVAReferenceCount const&) noexcept : count_(0) {}
+    KOVAReferenceCount(KOVAReferenceCount const&) noexcept {}
     virtual ~KOVAReferenceCount();
 
     /// Both return the count after the step; lowering stops at 0.
@@ -30,5 +30,5 @@ private:
         return *this;
     }
 
-    std::uint32_t count_;
+    std::uint32_t count_ = 0;
 };

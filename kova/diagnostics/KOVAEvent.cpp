@@ -1,25 +1,40 @@
 #include <kova/diagnostics/KOVAEvent.h>
 
 #include <cstring>
+#include <functional>
 
+#include <kova/diagnostics/report.h>
 #include <kova/text/KOVAString.h>
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVAObject) == 8);
 static_assert(sizeof(void*) != 4 || sizeof(KOVAEvent) == 28);
 
+constexpr kova::detail::LibraryNames kova::detail::libraryNames;
+
 namespace {
 
-/// The names that this library gives to its own objects are literals here, and an object borrows
-/// them: two allocations less for every message.
-constexpr char const kEventTypeName[] = "KOVAEvent";
+using kova::detail::LibraryNames;
+using kova::detail::libraryNames;
 
-char* copyOf(char const* name) {
+bool isBorrowed(char const* name) {
+    LibraryNames const* const begin = &libraryNames;
+    return !std::less<void const*>()(name, begin) && std::less<void const*>()(name, begin + 1);
+}
+
+char* keep(char const* name) {
+    if (isBorrowed(name))
+        return const_cast<char*>(name);
     if (!name || !*name)
         return nullptr;
     std::size_t const size = std::strlen(name) + 1;
     char* const copy = new char[size];
     std::memcpy(copy, name, size);
     return copy;
+}
+
+void drop(char* name) {
+    if (!isBorrowed(name))
+        delete[] name;
 }
 
 bool same(char const* a, char const* b) {
@@ -32,20 +47,21 @@ struct Keyword {
 };
 
 constexpr Keyword kKeywords[] = {
-    {"ALL", KOVA_LEVEL_ALL},   {"ABORT", KOVA_LEVEL_ABORT}, {"DEBUG", KOVA_LEVEL_DEBUG},     {"ERROR", KOVA_LEVEL_ERROR},
-    {"INFO", KOVA_LEVEL_INFO}, {"NONE", KOVA_LEVEL_NONE},   {"VERBOSE", KOVA_LEVEL_VERBOSE},
+    {"ALL", KOVA_LEVEL_ALL},         {"ABORT", KOVA_LEVEL_ABORT}, {"DEBUG", KOVA_LEVEL_DEBUG},
+    {"ERROR", KOVA_LEVEL_ERROR},     {"INFO", KOVA_LEVEL_INFO},   {"NONE", KOVA_LEVEL_NONE},
+    {"VERBOSE", KOVA_LEVEL_VERBOSE},
 };
 
 } // namespace
 
-KOVAObject::KOVAObject(char const* typeName) : typeName_(copyOf(typeName)) {}
+KOVAObject::KOVAObject(char const* typeName) : typeName_(keep(typeName)) {}
 
 bool KOVAObject::IsKindOf(char const* name) {
     return same(typeName_, name);
 }
 
 KOVAObject::~KOVAObject() {
-    delete[] typeName_;
+    drop(typeName_);
 }
 
 void DeleteKOVAObject(KOVAObject*& object) {
@@ -54,10 +70,10 @@ void DeleteKOVAObject(KOVAObject*& object) {
 }
 
 KOVAEvent::KOVAEvent(char const* eventName, KOVAEventLevel level)
-    : KOVAObject(kEventTypeName), eventName_(copyOf(eventName)), level_(level), stamped_(0), time_(0), clock_(0) {}
+    : KOVAObject(libraryNames.event), eventName_(keep(eventName)), level_(level), stamped_(0), time_(0), clock_(0) {}
 
 KOVAEvent::~KOVAEvent() {
-    delete[] eventName_;
+    drop(eventName_);
 }
 
 void KOVAEvent::GetFormattedDescription(KOVAOutputStream* /*out*/) {}

@@ -33,7 +33,7 @@ public:
     /// The bus stamps the event with time and clock before delivery; not here.
     virtual bool IsTimed();
 
-    /// The event name, owned by the event; may be null.
+    /// The event name, owned by the event and not to be written to; may be null.
     char* GetEventName() { return eventName_; }
     /// The name is this event's, to the letter; false when either is null.
     bool IsA(char const* name) const;

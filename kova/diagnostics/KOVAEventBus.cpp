@@ -24,6 +24,26 @@ void closeGaps(KOVAArrayHeader*& listeners) {
     gaps = false;
 }
 
+/// Counts one delivery while it lives. The former number is put back, not counted down to: the next
+/// delivery need not wait for two changes of one variable.
+class Delivery {
+public:
+    explicit Delivery(KOVAArrayHeader*& listeners) noexcept : listeners_(listeners), before_(deliveries) {
+        deliveries = before_ + 1;
+    }
+    Delivery(Delivery const&) = delete;
+    Delivery& operator=(Delivery const&) = delete;
+    ~Delivery() {
+        deliveries = before_;
+        if (gaps && before_ == 0)
+            closeGaps(listeners_);
+    }
+
+private:
+    KOVAArrayHeader*& listeners_;
+    int before_;
+};
+
 void stamp(KOVAEvent& event) {
     event.SetClock(kova::detail::processorMilliseconds());
     event.SetTime(static_cast<long>(std::time(nullptr)));
@@ -42,17 +62,9 @@ KOVAEventBus::~KOVAEventBus() {
 void KOVAEventBus::Send(KOVAEvent& event) {
     if (event.IsTimed())
         stamp(event);
-    int const count = kovaArrayCount(listeners_);
+    int const count = listeners_ ? listeners_->count : 0;
     if (count < 1)
         return;
-    struct Delivery {
-        KOVAArrayHeader*& listeners;
-        explicit Delivery(KOVAArrayHeader*& l) : listeners(l) { ++deliveries; }
-        ~Delivery() {
-            if (--deliveries == 0 && gaps)
-                closeGaps(listeners);
-        }
-    };
     Delivery const delivery(listeners_);
     for (int i = 0; i < count; ++i) {
         // Read anew each time: a listener that is added may move the block.

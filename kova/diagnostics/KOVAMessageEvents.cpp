@@ -8,6 +8,8 @@
 #include <kova/diagnostics/report.h>
 #include <kova/stream/KOVAOutputStream.h>
 
+using kova::detail::libraryNames;
+
 void KOVATextEvent::formatText(char const* format, std::va_list arguments) {
     char buffer[kova::detail::kMessageSize];
     std::size_t const length = format ? kova::detail::formatBounded(buffer, sizeof buffer, format, arguments) : 0;
@@ -34,7 +36,7 @@ void KOVATextEvent::writeLine(KOVAOutputStream* out, char const* prefix) const {
 
 // --- debug
 
-KOVADebugEvent::KOVADebugEvent() : KOVATextEvent("KOVADebugEvent", KOVA_LEVEL_DEBUG) {}
+KOVADebugEvent::KOVADebugEvent() : KOVATextEvent(libraryNames.debugEvent, KOVA_LEVEL_DEBUG) {}
 
 KOVADebugEvent::KOVADebugEvent(char const* format, ...) : KOVADebugEvent() {
     std::va_list arguments;
@@ -53,7 +55,7 @@ void KOVADebugEvent::GetFormattedDescription(KOVAOutputStream* out) {
 
 // --- verbose
 
-KOVAVerboseEvent::KOVAVerboseEvent() : KOVATextEvent("KOVAVerboseEvent", KOVA_LEVEL_VERBOSE) {}
+KOVAVerboseEvent::KOVAVerboseEvent() : KOVATextEvent(libraryNames.verboseEvent, KOVA_LEVEL_VERBOSE) {}
 
 KOVAVerboseEvent::KOVAVerboseEvent(char const* format, ...) : KOVAVerboseEvent() {
     std::va_list arguments;
@@ -73,7 +75,7 @@ void KOVAVerboseEvent::GetFormattedDescription(KOVAOutputStream* out) {
 // --- message
 
 KOVAMessageEvent::KOVAMessageEvent(Prefix withPrefix)
-    : KOVATextEvent("KOVAMessageEvent", KOVA_LEVEL_INFO), withPrefix_(withPrefix.wanted() ? 1 : 0) {}
+    : KOVATextEvent(libraryNames.messageEvent, KOVA_LEVEL_INFO), withPrefix_(withPrefix.wanted() ? 1 : 0) {}
 
 KOVAMessageEvent::KOVAMessageEvent(char const* format, ...) : KOVAMessageEvent(Prefix(true)) {
     std::va_list arguments;
@@ -107,7 +109,7 @@ void KOVAMessageEvent::Fire(char const* format, ...) {
 
 // --- warning
 
-KOVAWarningEvent::KOVAWarningEvent() : KOVATextEvent("KOVAWarningEvent", KOVA_LEVEL_WARNING) {}
+KOVAWarningEvent::KOVAWarningEvent() : KOVATextEvent(libraryNames.warningEvent, KOVA_LEVEL_WARNING) {}
 
 KOVAWarningEvent::KOVAWarningEvent(char const* format, ...) : KOVAWarningEvent() {
     std::va_list arguments;
@@ -129,7 +131,7 @@ void KOVAWarningEvent::GetFormattedDescription(KOVAOutputStream* out) {
 KOVAErrorEvent::KOVAErrorEvent() : KOVAErrorEvent(KOVAError::FAIL_ERROR) {}
 
 KOVAErrorEvent::KOVAErrorEvent(KOVAError const& error)
-    : KOVATextEvent("KOVAErrorEvent", KOVA_LEVEL_ERROR), error_(&error) {}
+    : KOVATextEvent(libraryNames.errorEvent, KOVA_LEVEL_ERROR), error_(&error) {}
 
 KOVAErrorEvent::KOVAErrorEvent(char const* format, ...) : KOVAErrorEvent() {
     std::va_list arguments;
@@ -170,7 +172,7 @@ KOVIResult KOVAErrorEvent::Fire(KOVAError& error, char const* sourceFile, int so
 
 // --- assert
 
-KOVAAssertEvent::KOVAAssertEvent() : KOVATextEvent("KOVAAssertEvent", KOVA_LEVEL_ABORT) {}
+KOVAAssertEvent::KOVAAssertEvent() : KOVATextEvent(libraryNames.assertEvent, KOVA_LEVEL_ABORT) {}
 
 KOVAAssertEvent::KOVAAssertEvent(char const* format, ...) : KOVAAssertEvent() {
     std::va_list arguments;

@@ -14,7 +14,7 @@ public:
     virtual bool IsKindOf(char const* name);
     virtual ~KOVAObject();
 
-    /// The type name, owned by the object; may be null.
+    /// The type name, owned by the object and not to be written to; may be null.
     char* GetTypeName() { return typeName_; }
 
 private:

@@ -7,16 +7,30 @@
 #include <kova/diagnostics/KOVAEventBus.h>
 #include <kova/diagnostics/KOVAMessageEvents.h>
 
-/// What the reporting calls have in common: format once, bounded, behind the indentation; read the
-/// result as a format without arguments; fire it.
 namespace kova::detail {
+
+/// The names of the library's own objects. An object borrows a name that stands in here and copies any
+/// other, which spares a message four calls of the allocator.
+struct LibraryNames {
+    char event[10] = "KOVAEvent";
+    char debugEvent[15] = "KOVADebugEvent";
+    char verboseEvent[17] = "KOVAVerboseEvent";
+    char messageEvent[17] = "KOVAMessageEvent";
+    char warningEvent[17] = "KOVAWarningEvent";
+    char errorEvent[15] = "KOVAErrorEvent";
+    char assertEvent[16] = "KOVAAssertEvent";
+};
+
+extern LibraryNames const libraryNames;
+
+// What the reporting calls have in common: format once, bounded, behind the indentation; read the
+// result as a format without arguments; fire it.
 
 /// Longest text of a message, terminator included.
 constexpr std::size_t kMessageSize = 1024;
 
 /// Formats within `size` bytes and terminates, whatever the format. Returns the length.
-std::size_t formatBounded(char* buffer, std::size_t size, char const* format, std::va_list arguments)
-    KOVA_PRINTF(3, 0);
+std::size_t formatBounded(char* buffer, std::size_t size, char const* format, std::va_list arguments) KOVA_PRINTF(3, 0);
 
 /// The finished text of one reporting call.
 class ReportText {

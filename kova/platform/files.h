@@ -35,7 +35,7 @@ struct FilePermissions {
 };
 FilePermissions filePermissions(int file) noexcept;
 
-/// As fopen; a folder does not open.
+/// As fopen, errno included; a folder does not open.
 std::FILE* openStream(unsigned short const* name, unsigned short const* mode);
 bool removeFile(unsigned short const* name);
 KOVAString currentDirectory();

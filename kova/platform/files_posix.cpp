@@ -104,6 +104,7 @@ std::FILE* openStream(unsigned short const* name, unsigned short const* mode) {
     std::FILE* const stream = std::fopen(systemName(name).c_str(), static_cast<char const*>(modeText));
     if (stream && isFolder(fileNumber(stream))) {
         std::fclose(stream);
+        errno = EISDIR;
         return nullptr;
     }
     return stream;

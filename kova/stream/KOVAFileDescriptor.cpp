@@ -17,9 +17,9 @@ using kova::detail::SeekFrom;
 template <class Name> int opened(Name name, KOVAFileDescriptor::IOMode mode) {
     bool const writes = (mode & KOVAFileDescriptor::Write) != 0;
     bool const binary = (mode & KOVAFileDescriptor::Read) != 0;
-    int const file = kova::detail::openFile(
-        name, writes ? kova::detail::FileAccess::Write : kova::detail::FileAccess::Read,
-        binary ? kova::detail::FileTranslation::Binary : kova::detail::FileTranslation::Text);
+    int const file =
+        kova::detail::openFile(name, writes ? kova::detail::FileAccess::Write : kova::detail::FileAccess::Read,
+                               binary ? kova::detail::FileTranslation::Binary : kova::detail::FileTranslation::Text);
     if (file == -1)
         Gk_ErrMgr::raise(Gk_IOException("CANNOT_OPEN_FILE"));
     return file;

@@ -54,7 +54,7 @@ public:
     /// a dot losing two units (".hidden" gives "idden"), not only one that begins with "./".
     virtual KOVAFilePath ResolveAgainst(KOVAFilePath const& base) const;
     virtual bool DoesFileExist() const;
-    /// As fopen; null when that fails. The caller closes it.
+    /// As fopen; null when that fails, and errno says why. The caller closes it.
     virtual std::FILE* OpenFile(unsigned short const* mode) const;
     virtual bool RemoveFile() const;
     /// Copy the path, cut to `size` units with the terminator, and terminate it.

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <cwctype>
 #include <limits>
@@ -40,18 +41,22 @@ std::size_t terminatedLength(Unit const* units) noexcept {
     return length;
 }
 
-/// Number of leading units that are the same.
+/// The words of the two texts at index i are the same.
+template <class Word> bool sameWord(Unit const* a, Unit const* b, std::size_t i) noexcept {
+    Word wordA;
+    Word wordB;
+    std::memcpy(&wordA, a + i, sizeof wordA);
+    std::memcpy(&wordB, b + i, sizeof wordB);
+    return wordA == wordB;
+}
+
+/// Number of leading units that are the same; by words of four and two, then one by one.
 std::size_t commonLength(Unit const* a, Unit const* b, std::size_t limit) noexcept {
-    constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(Unit);
     std::size_t i = 0;
-    for (; i + kStep <= limit; i += kStep) {
-        std::uint64_t wordA;
-        std::uint64_t wordB;
-        std::memcpy(&wordA, a + i, sizeof wordA);
-        std::memcpy(&wordB, b + i, sizeof wordB);
-        if (wordA != wordB)
-            break;
-    }
+    while (i + 4 <= limit && sameWord<std::uint64_t>(a, b, i))
+        i += 4;
+    if (i + 2 <= limit && sameWord<std::uint32_t>(a, b, i))
+        i += 2;
     while (i < limit && a[i] == b[i])
         ++i;
     return i;
@@ -116,21 +121,27 @@ bool isSpace(Unit unit) noexcept {
     return std::iswspace(unit) != 0;
 }
 
-} // namespace
-
 // --- the shared block
 
-Unit* KOVAString::allocate(std::size_t length) {
+/// malloc itself: operator new and delete are one more call each, which shows in short texts.
+void* obtain(std::size_t bytes) {
+    if (void* const memory = std::malloc(bytes))
+        return memory;
+    throw std::bad_alloc();
+}
+
+/// A new block with one reference.
+Unit* allocate(std::size_t length) {
     if (length > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()) / sizeof(Unit) - sizeof(BlockHead))
         throw std::bad_alloc();
-    void* const memory = ::operator new(sizeof(BlockHead) + (length + 1) * sizeof(Unit));
+    void* const memory = obtain(sizeof(BlockHead) + (length + 1) * sizeof(Unit));
     BlockHead* const block = new (memory) BlockHead{{1}, static_cast<std::int32_t>(length)};
     Unit* const units = reinterpret_cast<Unit*>(block + 1);
     units[length] = 0;
     return units;
 }
 
-Unit* KOVAString::shared(Unit* units) noexcept {
+Unit* share(Unit* units) noexcept {
     if (units) {
         std::atomic<std::uint32_t>& references = head(units)->references;
         if (kova::detail::singleThreaded())
@@ -141,39 +152,44 @@ Unit* KOVAString::shared(Unit* units) noexcept {
     return units;
 }
 
-void KOVAString::release(Unit* units) noexcept {
+void release(Unit* units) noexcept {
     if (!units)
         return;
     std::atomic<std::uint32_t>& references = head(units)->references;
-    if (references.load(std::memory_order_acquire) != 1) {
+    std::uint32_t const count = references.load(std::memory_order_acquire);
+    if (count != 1) {
         if (kova::detail::singleThreaded()) {
-            references.store(references.load(std::memory_order_relaxed) - 1, std::memory_order_relaxed);
+            references.store(count - 1, std::memory_order_relaxed);
             return;
         }
         if (references.fetch_sub(1, std::memory_order_acq_rel) != 1)
             return;
     }
-    ::operator delete(head(units));
+    std::free(head(units));
 }
 
-KOVAString KOVAString::adopt(Unit* units) noexcept {
-    KOVAString result;
-    result.units_ = units;
-    return result;
-}
-
-Unit* KOVAString::copyOf(Unit const* units, std::size_t length) {
+Unit* copyOf(Unit const* units, std::size_t length) {
     Unit* const copy = allocate(length);
     std::memcpy(copy, units, length * sizeof(Unit));
     return copy;
 }
 
+Unit* convert(char const* text, std::size_t count) {
+    if (kova::detail::isAscii(text, count)) {
+        Unit* const units = allocate(count);
+        kova::detail::widenAscii(text, count, units);
+        return units;
+    }
+    std::vector<Unit> const units = kova::detail::decode(text, count);
+    return copyOf(units.data(), units.size());
+}
+
+} // namespace
+
 // --- construction and assignment
 
-KOVAString::KOVAString(char const* text) : KOVAString() {
-    if (text)
-        convert(text, std::strlen(text));
-}
+KOVAString::KOVAString(char const* text)
+    : units_(text ? convert(text, std::strlen(text)) : nullptr), narrow_(nullptr) {}
 
 KOVAString::KOVAString(Unit const* units)
     : units_(units ? copyOf(units, terminatedLength(units)) : nullptr), narrow_(nullptr) {}
@@ -203,10 +219,10 @@ KOVAString::KOVAString(int size, char const* format, ...) : KOVAString() {
     va_end(arguments);
     if (written < 0)
         buffer[0] = 0;
-    convert(buffer, std::strlen(buffer));
+    units_ = convert(buffer, std::strlen(buffer));
 }
 
-KOVAString::KOVAString(KOVAString const& other) noexcept : units_(shared(other.units_)), narrow_(nullptr) {}
+KOVAString::KOVAString(KOVAString const& other) noexcept : units_(share(other.units_)), narrow_(nullptr) {}
 
 KOVAString::KOVAString(KOVAString&& other) noexcept : units_(other.units_), narrow_(other.narrow_) {
     other.units_ = nullptr;
@@ -219,13 +235,13 @@ KOVAString& KOVAString::operator=(KOVAString const& other) {
     char* copied = nullptr;
     if (narrow_ && other.narrow_) {
         std::size_t const size = std::strlen(other.narrow_) + 1;
-        copied = new char[size];
+        copied = static_cast<char*>(obtain(size));
         std::memcpy(copied, other.narrow_, size);
     }
-    delete[] narrow_;
+    std::free(narrow_);
     narrow_ = copied;
     Unit* const former = units_;
-    units_ = shared(other.units_);
+    units_ = share(other.units_);
     release(former);
     return *this;
 }
@@ -237,19 +253,9 @@ KOVAString& KOVAString::operator=(KOVAString&& other) noexcept {
 }
 
 KOVAString::~KOVAString() {
+    if (narrow_)
+        std::free(narrow_);
     release(units_);
-    delete[] narrow_;
-}
-
-void KOVAString::convert(char const* text, std::size_t count) {
-    if (kova::detail::isAscii(text, count)) {
-        units_ = allocate(count);
-        for (std::size_t i = 0; i < count; ++i)
-            units_[i] = static_cast<unsigned char>(text[i]);
-        return;
-    }
-    std::vector<Unit> const units = kova::detail::decode(text, count);
-    units_ = copyOf(units.data(), units.size());
 }
 
 // --- access
@@ -259,11 +265,17 @@ int KOVAString::GetLengthInChar() const {
 }
 
 KOVAString::operator char const*() const {
-    if (!narrow_ && units_) {
+    if (narrow_ || !units_)
+        return narrow_;
+    std::size_t const count = static_cast<std::size_t>(length());
+    if (kova::detail::isAscii(units_, count)) {
+        narrow_ = static_cast<char*>(obtain(count + 1));
+        kova::detail::narrowAscii(units_, count, narrow_);
+        narrow_[count] = 0;
+    } else {
         int const bytes = GetLengthInChar();
-        char* const text = new char[static_cast<std::size_t>(bytes) + 1];
-        getChars(0, bytes, text, 0);
-        narrow_ = text;
+        narrow_ = static_cast<char*>(obtain(static_cast<std::size_t>(bytes) + 1));
+        getChars(0, bytes, narrow_, 0);
     }
     return narrow_;
 }
@@ -290,19 +302,21 @@ void KOVAString::getChars(int begin, int end, char* dst, int dstBegin) const {
         return;
     dst += dstBegin;
     dst[0] = 0;
-    int const last = std::min(end, GetLengthInChar());
-    if (begin < 0 || begin >= last || begin > length())
+    int const units = length();
+    if (begin < 0 || begin >= end || begin > units || !units_)
+        return;
+    bool const ascii = kova::detail::isAscii(units_, static_cast<std::size_t>(units));
+    int const last = std::min(end, ascii ? units : GetLengthInChar());
+    if (begin >= last)
         return;
     std::size_t const bytes = static_cast<std::size_t>(last - begin);
-    std::size_t const available = static_cast<std::size_t>(length() - begin);
-    Unit const* const from = units_ + begin;
     dst[bytes] = 0;
-    if (bytes <= available && kova::detail::isAscii(from, bytes)) {
-        for (std::size_t i = 0; i < bytes; ++i)
-            dst[i] = static_cast<char>(from[i]);
+    if (ascii) {
+        kova::detail::narrowAscii(units_ + begin, bytes, dst);
         return;
     }
-    std::size_t const written = kova::detail::encode(from, available, dst, bytes);
+    std::size_t const available = static_cast<std::size_t>(units - begin);
+    std::size_t const written = kova::detail::encode(units_ + begin, available, dst, bytes);
     if (written != kova::detail::kUnconvertible) {
         dst[written] = 0;
         return;
@@ -322,7 +336,8 @@ void KOVAString::dump() const {
     }
     KOVADebug::Printf("string 0x%llx (0x%llx): \"%s\" (%d chars)\n",
                       static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(this)),
-                      static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(units_)), text.c_str(), length());
+                      static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(units_)), text.c_str(),
+                      length());
 }
 
 // --- comparison

@@ -137,13 +137,12 @@ public:
     static KOVAString valueOf(unsigned short const* data, int offset, int count);
 
 private:
-    static unsigned short* allocate(std::size_t length);
-    static unsigned short* shared(unsigned short* units) noexcept;
-    static void release(unsigned short* units) noexcept;
     /// Takes over a block with its one reference.
-    static KOVAString adopt(unsigned short* units) noexcept;
-    static unsigned short* copyOf(unsigned short const* units, std::size_t length);
-    void convert(char const* text, std::size_t count);
+    static KOVAString adopt(unsigned short* units) noexcept {
+        KOVAString result;
+        result.units_ = units;
+        return result;
+    }
     /// This text where it has units, else the null string.
     KOVAString orNull() const noexcept { return length() > 0 ? *this : KOVAString(); }
     template <class Function> KOVAString mapped(Function const& function) const;

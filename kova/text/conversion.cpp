@@ -1,6 +1,7 @@
 #include <kova/text/conversion.h>
 
 #include <climits>
+#include <cstdint>
 #include <cstring>
 #include <cwchar>
 
@@ -18,21 +19,39 @@ constexpr bool isLowSurrogate(unsigned short unit) noexcept {
     return (unit & 0xFC00U) == 0xDC00U;
 }
 
-template <class Unit> bool allBelow128(Unit const* units, std::size_t count) noexcept {
-    unsigned int all = 0;
-    for (std::size_t i = 0; i < count; ++i)
+/// Looks at eight bytes at a time; short texts, the common ones, are what profits.
+template <class Unit> bool noBitsOf(std::uint64_t mask, Unit const* units, std::size_t count) noexcept {
+    constexpr std::size_t kStep = sizeof mask / sizeof(Unit);
+    std::uint64_t all = 0;
+    std::size_t i = 0;
+    for (; i + kStep <= count; i += kStep) {
+        std::uint64_t word;
+        std::memcpy(&word, units + i, sizeof word);
+        all |= word;
+    }
+    for (; i < count; ++i)
         all |= units[i];
-    return all < 0x80U;
+    return (all & mask) == 0;
 }
 
 } // namespace
 
 bool isAscii(char const* text, std::size_t count) noexcept {
-    return allBelow128(reinterpret_cast<unsigned char const*>(text), count);
+    return noBitsOf(0x8080808080808080U, reinterpret_cast<unsigned char const*>(text), count);
 }
 
 bool isAscii(unsigned short const* units, std::size_t count) noexcept {
-    return allBelow128(units, count);
+    return noBitsOf(0xFF80FF80FF80FF80U, units, count);
+}
+
+void widenAscii(char const* text, std::size_t count, unsigned short* out) noexcept {
+    for (std::size_t i = 0; i < count; ++i)
+        out[i] = static_cast<unsigned char>(text[i]);
+}
+
+void narrowAscii(unsigned short const* units, std::size_t count, char* out) noexcept {
+    for (std::size_t i = 0; i < count; ++i)
+        out[i] = static_cast<char>(units[i]);
 }
 
 std::vector<unsigned short> decode(char const* text, std::size_t count) {

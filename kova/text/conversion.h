@@ -10,6 +10,10 @@ namespace kova::detail {
 bool isAscii(char const* text, std::size_t count) noexcept;
 bool isAscii(unsigned short const* units, std::size_t count) noexcept;
 
+/// The conversion of a text that isAscii.
+void widenAscii(char const* text, std::size_t count, unsigned short* out) noexcept;
+void narrowAscii(unsigned short const* units, std::size_t count, char* out) noexcept;
+
 /// The units of a text. A byte that the locale cannot convert becomes the unit of the same value;
 /// a character above 0xFFFF becomes a surrogate pair.
 std::vector<unsigned short> decode(char const* text, std::size_t count);
