@@ -13,12 +13,12 @@ constexpr kova::detail::LibraryNames kova::detail::libraryNames;
 
 namespace {
 
-using kova::detail::LibraryNames;
 using kova::detail::libraryNames;
 
-bool isBorrowed(char const* name) {
-    LibraryNames const* const begin = &libraryNames;
-    return !std::less<void const*>()(name, begin) && std::less<void const*>()(name, begin + 1);
+bool isBorrowed(void const* name) {
+    void const* const begin = &libraryNames;
+    void const* const end = &libraryNames + 1;
+    return !std::less<>()(name, begin) && std::less<>()(name, end);
 }
 
 char* keep(char const* name) {
