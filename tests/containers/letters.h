@@ -1,8 +1,6 @@
 #pragma once
 
-#include <string>
-
-#include <kova/containers/KOVAList.h>
+#include "support/test.h"
 
 namespace test {
 

@@ -1,13 +1,10 @@
 // A list releases only its first node, for good: callers may still reach the others. These tests leak by
 // that definition, and the leak checker is told so by the name of this file.
 
-#include <kova/containers/KOVAList.h>
-
-#include <gtest/gtest.h>
-
 #include <random>
 
 #include "containers/letters.h"
+#include "support/test.h"
 
 namespace {
 

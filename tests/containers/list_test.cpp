@@ -1,62 +1,53 @@
-#include <kova/containers/KOVAList.h>
-
-#include <gtest/gtest.h>
-
 #include "containers/letters.h"
+#include "support/test.h"
 
 namespace {
 
-using test::backwards;
-using test::empty;
-using test::entry;
-using test::fill;
-using test::forwards;
-
 TEST(List, LinksBothWays) {
     KOVAList list;
-    fill(list, "ab");
-    list.PushFront(entry('c'));
-    EXPECT_EQ(forwards(list), "cab");
-    EXPECT_EQ(backwards(list), "bac");
+    test::fill(list, "ab");
+    list.PushFront(test::entry('c'));
+    EXPECT_EQ(test::forwards(list), "cab");
+    EXPECT_EQ(test::backwards(list), "bac");
     EXPECT_EQ(list.GetSize(), 3U);
-    list.Remove(entry('a'));
-    EXPECT_EQ(backwards(list), "bc");
+    list.Remove(test::entry('a'));
+    EXPECT_EQ(test::backwards(list), "bc");
     list.PopFront();
-    EXPECT_EQ(backwards(list), "b"); // the new head's backward link is null
+    EXPECT_EQ(test::backwards(list), "b"); // the new head's backward link is null
     list.Pop();
     EXPECT_TRUE(list.IsEmpty());
     EXPECT_EQ(list.GetBack(), nullptr);
     list.PopFront();
     list.PopBack();
-    list.Remove(entry('a'));
+    list.Remove(test::entry('a'));
     EXPECT_EQ(list.GetSize(), 0U);
 }
 
 TEST(List, RemovesTheFirstMatchAndRuns) {
     KOVAList list;
-    fill(list, "aba");
-    list.Remove(entry('a'));
-    EXPECT_EQ(forwards(list), "ba");
-    EXPECT_TRUE(list.Find(entry('f')) == list.End());
-    empty(list);
-    fill(list, "aabaa");
+    test::fill(list, "aba");
+    list.Remove(test::entry('a'));
+    EXPECT_EQ(test::forwards(list), "ba");
+    EXPECT_TRUE(list.Find(test::entry('f')) == list.End());
+    test::empty(list);
+    test::fill(list, "aabaa");
     list.Unique();
-    EXPECT_EQ(forwards(list), "aba");
-    EXPECT_EQ(list.GetTop(), entry('a'));
-    empty(list);
+    EXPECT_EQ(test::forwards(list), "aba");
+    EXPECT_EQ(list.GetTop(), test::entry('a'));
+    test::empty(list);
     list.Unique();
 }
 
 TEST(List, PushFrontIntoAnEmptyListSetsNoTail) {
     KOVAList list;
-    list.PushFront(entry('a'));
-    EXPECT_EQ(list.GetFront(), entry('a'));
+    list.PushFront(test::entry('a'));
+    EXPECT_EQ(list.GetFront(), test::entry('a'));
     EXPECT_EQ(list.GetBack(), nullptr);
     list.PopBack(); // there is no tail to take
     EXPECT_EQ(list.GetSize(), 1U);
-    list.PushBack(entry('b'));
-    EXPECT_EQ(list.GetBack(), entry('b'));
-    EXPECT_EQ(forwards(list), "a");
+    list.PushBack(test::entry('b'));
+    EXPECT_EQ(list.GetBack(), test::entry('b'));
+    EXPECT_EQ(test::forwards(list), "a");
     EXPECT_EQ(list.GetSize(), 2U);
     list.PopBack();
     EXPECT_EQ(list.GetBack(), nullptr);
@@ -65,22 +56,22 @@ TEST(List, PushFrontIntoAnEmptyListSetsNoTail) {
 
 TEST(List, CopiesShareNodesAndReleaseThemOnce) {
     KOVAList first;
-    fill(first, "abc");
+    test::fill(first, "abc");
     {
         KOVAList second(first);
         KOVAList third;
         third = second;
-        first.Remove(entry('b'));
-        EXPECT_EQ(forwards(second), "ac");
+        first.Remove(test::entry('b'));
+        EXPECT_EQ(test::forwards(second), "ac");
         first.PopFront();
-        EXPECT_EQ(forwards(second), "ac"); // still its head
-        second.PushBack(entry('d'));
-        EXPECT_EQ(forwards(first), "cd");
-        empty(second);
-        empty(third);
+        EXPECT_EQ(test::forwards(second), "ac"); // still its head
+        second.PushBack(test::entry('d'));
+        EXPECT_EQ(test::forwards(first), "cd");
+        test::empty(second);
+        test::empty(third);
     }
-    EXPECT_EQ(forwards(first), "cd");
-    empty(first);
+    EXPECT_EQ(test::forwards(first), "cd");
+    test::empty(first);
 }
 
 } // namespace

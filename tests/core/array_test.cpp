@@ -1,10 +1,4 @@
-#include <kova/core/KOVAArrayHeader.h>
-
-#include <gtest/gtest.h>
-
-#include <initializer_list>
-#include <limits>
-#include <vector>
+#include "support/test.h"
 
 namespace {
 
@@ -62,9 +56,9 @@ TEST(Array, InsertsWithASlotToSpare) {
 TEST(Array, TakesItsOwnElements) {
     for (int capacity : {3, 8}) { // with and without growth
         Array a(capacity, {1, 2, 3});
-        EXPECT_EQ(kovaArrayAdd(a.header, a.begin() + 1), 1);
-        EXPECT_EQ(kovaArrayInsertAt(a.header, 1, a.begin() + 2), 1);
-        EXPECT_EQ(kovaArrayInsertAt(a.header, 3, a.begin()), 1);
+        EXPECT_EQ((Numbers{kovaArrayAdd(a.header, a.begin() + 1), kovaArrayInsertAt(a.header, 1, a.begin() + 2),
+                           kovaArrayInsertAt(a.header, 3, a.begin())}),
+                  (Numbers{1, 1, 1}));
         EXPECT_EQ(a.values(), (Values{1, 3, 2, 1, 3, 2})) << capacity;
     }
 }
@@ -72,15 +66,10 @@ TEST(Array, TakesItsOwnElements) {
 TEST(Array, SetsAndRemoves) {
     Array a(4, {1, 2, 3});
     int value = 9;
-    EXPECT_EQ(kovaArraySetAt(a.header, 2, &value), 1);
-    EXPECT_EQ(kovaArraySetAt(a.header, 3, &value), 0);
-    EXPECT_EQ(kovaArrayRemoveAt(a.header, 0), 1);
-    EXPECT_EQ(kovaArrayRemoveAt(a.header, 1), 1);
+    EXPECT_TRUE(kovaArraySetAt(a.header, 2, &value) && !kovaArraySetAt(a.header, 3, &value));
+    EXPECT_TRUE(kovaArrayRemoveAt(a.header, 0) && kovaArrayRemoveAt(a.header, 1) && !kovaArrayRemoveAt(a.header, 1));
     EXPECT_EQ(a.values(), Values{2});
-    EXPECT_EQ(kovaArrayRemoveAt(a.header, 1), 0);
-    EXPECT_EQ(kovaArrayClear(a.header), 1);
-    EXPECT_EQ(a.header->capacity, 4);
-    EXPECT_EQ(kovaArrayCount(a.header), 0);
+    EXPECT_TRUE(kovaArrayClear(a.header) && kovaArrayCount(a.header) == 0 && a.header->capacity == 4);
 }
 
 TEST(Array, AppendRepeatsTheDestinationsOwnElements) {
@@ -102,10 +91,8 @@ TEST(Array, AppendRepeatsTheDestinationsOwnElements) {
 TEST(Array, SharesUntilTheLastHolderLetsGo) {
     KOVAArrayHeader* first = kovaArrayAllocate(1, 4);
     KOVAArrayHeader* second = kovaArrayCopy(first);
-    EXPECT_EQ(second, first);
     kovaArrayFree(first);
-    EXPECT_NE(first, nullptr);
-    EXPECT_EQ(kovaArrayCheck(second), 1);
+    EXPECT_TRUE(first == second && kovaArrayCheck(second));
     kovaArrayFree(second);
     EXPECT_EQ(second, nullptr);
 }
@@ -118,17 +105,12 @@ TEST(Array, RefusesInvalidHeaders) {
     KOVAArrayHeader* broken = &damaged;
     int value = 1;
     for (KOVAArrayHeader* header : {none, broken}) {
-        EXPECT_EQ(kovaArrayCheck(header), 0);
-        EXPECT_EQ(kovaArrayCount(header), 0);
-        EXPECT_EQ(kovaArrayClear(header), 0);
-        EXPECT_EQ(kovaArraySetAt(header, 0, &value), 0);
-        EXPECT_EQ(kovaArrayRemoveAt(header, 0), 0);
-        EXPECT_EQ(kovaArrayAdd(header, &value), 0);
-        EXPECT_EQ(kovaArrayInsertAt(header, 0, &value), 0);
-        EXPECT_EQ(kovaArrayRealloc(header), 0);
-        EXPECT_EQ(kovaArrayAppend(header, a.header), 0);
-        EXPECT_EQ(kovaArrayAppend(a.header, header), 0);
         KOVAArrayHeader* const before = header;
+        EXPECT_EQ(kovaArrayCheck(header) + kovaArrayCount(header) + kovaArrayClear(header) +
+                      kovaArraySetAt(header, 0, &value) + kovaArrayRemoveAt(header, 0) + kovaArrayAdd(header, &value) +
+                      kovaArrayInsertAt(header, 0, &value) + kovaArrayRealloc(header) +
+                      kovaArrayAppend(header, a.header) + kovaArrayAppend(a.header, header),
+                  0);
         EXPECT_EQ(kovaArrayCopy(header), before);
         kovaArrayFree(header);
         EXPECT_EQ(header, before);

@@ -1,11 +1,4 @@
-#include <kova/core/Gk_ErrMgr.h>
-#include <kova/core/KOVAMemoryBound.h>
-
-#include <gtest/gtest.h>
-
-#include <limits>
-
-#include "support/Recorder.h"
+#include "support/test.h"
 
 namespace {
 
@@ -14,14 +7,12 @@ TEST(MemoryBound, CountsBytes) {
     unsigned int const count = KOVAMemoryBoundCount();
     void* const first = KOVAMemoryBoundAllocate(10);
     void* const second = KOVAMemoryBoundAllocate(20);
-    EXPECT_EQ(KOVAMemoryBoundCurrent(), current + 30);
-    EXPECT_GE(KOVAMemoryBoundPeak(), current + 30);
     unsigned int const peak = KOVAMemoryBoundPeak();
+    EXPECT_TRUE(KOVAMemoryBoundCurrent() == current + 30 && peak >= current + 30);
     KOVAMemoryBoundFree(first);
-    EXPECT_EQ(KOVAMemoryBoundCurrent(), current + 20);
+    EXPECT_TRUE(KOVAMemoryBoundCurrent() == current + 20 && KOVAMemoryBoundPeak() == peak);
     KOVAMemoryBoundFree(second);
     KOVAMemoryBoundFree(nullptr);
-    EXPECT_EQ(KOVAMemoryBoundPeak(), peak);
     EXPECT_EQ(KOVAMemoryBoundCount(), count + 2);
     EXPECT_EQ(KOVAMemoryBoundAllocate(std::numeric_limits<unsigned int>::max() - 31), nullptr);
 }
@@ -47,19 +38,10 @@ TEST(ErrorManager, RaiseReportsThenThrowsTheToken) {
         Gk_ErrMgr::raise(Gk_IOException("50% of %s"));
         FAIL() << "nothing thrown";
     } catch (Gk_Marker const& e) {
-        EXPECT_STREQ(e.token(), "50% of %s");
+        EXPECT_TRUE(e == Gk_Marker("50% of %s") && !(e == Gk_Marker(nullptr)) && !(e == Gk_Marker("50%")));
     }
     EXPECT_THROW(Gk_ErrMgr::raise(Gk_Exception(nullptr)), Gk_Exception);
     EXPECT_EQ(recorder.events.front(), "80 Error : 50% of %s\n");
-}
-
-TEST(ErrorManager, ExceptionsCompareByText) {
-    char const text[] = "TOKEN";
-    Gk_Exception const e(text);
-    EXPECT_TRUE(e == Gk_Marker("TOKEN"));
-    EXPECT_FALSE(e == "token");
-    EXPECT_FALSE(e == Gk_Marker(nullptr));
-    EXPECT_TRUE(Gk_Exception(nullptr) == Gk_Marker(nullptr));
 }
 
 TEST(ErrorManager, AbortIsConsumedByTheFirstCheck) {

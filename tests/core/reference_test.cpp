@@ -1,8 +1,4 @@
-#include <kova/core/KOVAReferenceHandle.h>
-
-#include <gtest/gtest.h>
-
-#include <memory>
+#include "support/test.h"
 
 namespace {
 
@@ -47,11 +43,8 @@ TEST(Reference, TheLastHandleDeletes) {
 
 TEST(Reference, CopiesAndLoweringStartAndStopAtZero) {
     Counted object;
-    EXPECT_EQ(object.LowerReference(), 0U);
-    EXPECT_EQ(object.RaiseReference(), 1U);
-    EXPECT_EQ(Counted(object).GetReferenceCount(), 0U);
-    EXPECT_EQ(object.LowerReference(), 0U);
-    EXPECT_EQ(object.GetName(), nullptr);
+    EXPECT_TRUE(object.LowerReference() == 0 && object.RaiseReference() == 1 && object.GetName() == nullptr);
+    EXPECT_TRUE(Counted(object).GetReferenceCount() == 0 && object.LowerReference() == 0);
 }
 
 /// An object that holds a handle of its own kind: the chain is let go link by link.
