@@ -134,6 +134,8 @@ public:
     static KOVAString valueOf(bool value); ///< "true" or "false"
     static KOVAString valueOf(unsigned short unit);
     static KOVAString valueOf(unsigned short const* units);
+    /// Here lest a literal be taken for a bool.
+    static KOVAString valueOf(char const* text) { return KOVAString(text); }
     static KOVAString valueOf(unsigned short const* data, int offset, int count);
 
 private:

@@ -26,10 +26,17 @@ TEST(MemoryBound, ReportsOverrunsInOneLine) {
     block[10] = '\x01';
     unsigned int const number = KOVAMemoryBoundCount();
     KOVAMemoryBoundFree(block);
+    char* const renumbered = static_cast<char*>(KOVAMemoryBoundAllocate(2));
+    renumbered[2 + 8] ^= 1; // behind the guard words
+    KOVAMemoryBoundFree(renumbered);
     std::string const n = std::to_string(number);
+    std::string const next = std::to_string(number + 1);
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "*** Error memory boundary overwrite: szeF=10, cntF=" + n +
-                  ", db0=0xdeadbeef, db1=0xdeadbeef, db2=0xdeadbe01, db3=0xdeadbeef, cntB=" + n + ", szeB=10\n");
+                  ", db0=0xdeadbeef, db1=0xdeadbeef, db2=0xdeadbe01, db3=0xdeadbeef, cntB=" + n + ", szeB=10\n" +
+                  "*** Error memory boundary overwrite: szeF=2, cntF=" + next +
+                  ", db0=0xdeadbeef, db1=0xdeadbeef, db2=0xdeadbeef, db3=0xdeadbeef, cntB=" +
+                  std::to_string((number + 1) ^ 1) + ", szeB=2\n");
 }
 
 TEST(ErrorManager, RaiseReportsThenThrowsTheToken) {

@@ -54,15 +54,11 @@ TEST(FilePath, Derives) {
     for (auto const& [path, added, result] : sums)
         EXPECT_EQ(text(KOVAFilePath(path) + KOVAString(added)), result) << path;
 
-    char const* const resolved[][3] = {{"..\\x", "a\\b\\f", "a\\x"},
-                                       {".\\x", "a\\f", "a\\x"},
-                                       {".hidden", "a\\f", "a\\idden"},
-                                       {"x", "f", "x"},
-                                       {"..\\x", "a\\f", "a\\x"},
-                                       {"..\\..\\x", "a\\b\\c\\f", "a\\x"},
-                                       {"/x", "a\\f", "\\x"},
-                                       {"..", "a\\b\\f", "a\\"},
-                                       {".", "a\\f", "a\\"},
+    char const* const resolved[][3] = {{"..\\x", "a\\b\\f", "a\\x"},    {".\\x", "a\\f", "a\\x"},
+                                       {".hidden", "a\\f", "a\\idden"}, {"x", "f", "x"},
+                                       {"..\\x", "a\\f", "a\\x"},       {"..\\..\\x", "a\\b\\c\\f", "a\\x"},
+                                       {"/x", "a\\f", "\\x"},           {"..\\x", "\\a\\f", "\\a\\x"},
+                                       {"..", "a\\b\\f", "a\\"},        {".", "a\\f", "a\\"},
                                        {"C:\\x", "a\\f", "C:\\x"}};
     for (auto const& [path, base, result] : resolved)
         EXPECT_EQ(text(KOVAFilePath(path).ResolveAgainst(KOVAFilePath(base))), result) << path;

@@ -152,7 +152,7 @@ TEST(String, TakesValues) {
     EXPECT_EQ(narrow(KOVAString::valueOf(2.5) + KOVAString::valueOf(0.5F)), "2.5000000.500000");
     EXPECT_EQ(narrow(KOVAString::valueOf(-std::numeric_limits<double>::max())).size(), 317U);
     EXPECT_EQ(narrow(KOVAString::valueOf(-7) + KOVAString::valueOf(2147483647L)), "-72147483647");
-    EXPECT_EQ(narrow(KOVAString::valueOf(true) + KOVAString::valueOf(data)), "truexab");
+    EXPECT_EQ(narrow(KOVAString::valueOf(true) + KOVAString::valueOf("-") + KOVAString::valueOf(data)), "true-xab");
     EXPECT_EQ(narrow(KOVAString::valueOf(data, 1, 2) + KOVAString::valueOf(data[1])), "aba");
     EXPECT_EQ(narrow(KOVAString::KOVA_TRUE + KOVAString::KOVA_OFF), "TrueOff");
 }
@@ -197,6 +197,7 @@ TEST(String, Utf8) {
     KOVAString const s("\xC3\xA4\xE2\x82\xAC\xF0\x9F\x9A\x80z");
     EXPECT_EQ((Numbers{s.length(), s[2], s[3], s.GetLengthInChar()}), (Numbers{5, 0xD83D, 0xDE80, 10}));
     EXPECT_EQ(narrow(s), "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x9A\x80z");
+    EXPECT_EQ(narrow(KOVAString("\xC3\xA4z")), "\xC3\xA4z");
     char bytes[16];
     s.getChars(0, 4, bytes, 0); // whole characters only: the next needs three bytes
     EXPECT_STREQ(bytes, "\xC3\xA4");
