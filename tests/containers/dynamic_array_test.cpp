@@ -26,15 +26,13 @@ using Values = std::vector<int>;
 
 Values values(Elements const& array) {
     Values result;
-    for (int i = 0; i < array.size(); ++i)
-        result.push_back(array[i].value());
+    for (int i = 0; i < array.size(); ++i) result.push_back(array[i].value());
     return result;
 }
 
 Elements counting(int n) {
     Elements array;
-    for (int i = 1; i <= n; ++i)
-        array.add(Element(i));
+    for (int i = 1; i <= n; ++i) array.add(Element(i));
     return array;
 }
 
@@ -89,8 +87,7 @@ TEST(DynamicArray, ReversesAndResizes) {
     for (int n : {0, 1, 4, 5}) {
         Elements array = counting(n);
         array.reverse();
-        for (int i = 0; i < n; ++i)
-            EXPECT_EQ(array[i].value(), n - i);
+        for (int i = 0; i < n; ++i) EXPECT_EQ(array[i].value(), n - i);
     }
     Elements array = counting(3);
     EXPECT_TRUE(array.resize(5));

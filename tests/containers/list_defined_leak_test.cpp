@@ -40,8 +40,7 @@ TEST(List, SharedListsUnderRandomWork) {
         case 6: list.Unique(); break;
         case 7: list = lists[random() % 3]; break;
         default:
-            if (random() % 20 == 0)
-                list.Clear();
+            if (random() % 20 == 0) list.Clear();
         }
         total += static_cast<unsigned>(test::forwards(list).size() + test::backwards(list).size());
     }

@@ -6,11 +6,8 @@ namespace {
 struct Array {
     KOVAArrayHeader* header;
     Array(int capacity, std::initializer_list<int> values) : header(kovaArrayAllocate(capacity, sizeof(int))) {
-        for (int value : values)
-            kovaArrayAdd(header, &value);
+        for (int value : values) kovaArrayAdd(header, &value);
     }
-    Array(Array const&) = delete;
-    Array& operator=(Array const&) = delete;
     ~Array() { kovaArrayFree(header); }
     int* begin() const { return static_cast<int*>(header->data); }
     std::vector<int> values() const { return {begin(), begin() + kovaArrayCount(header)}; }
@@ -35,8 +32,7 @@ TEST(Array, GrowsInKnownSteps) {
         }
         ASSERT_EQ(kovaArrayRealloc(a.header), 1);
     }
-    for (int i = 0; i < kovaArrayCount(a.header); ++i)
-        EXPECT_EQ(a.begin()[i], i);
+    for (int i = 0; i < kovaArrayCount(a.header); ++i) EXPECT_EQ(a.begin()[i], i);
 }
 
 TEST(Array, InsertsWithASlotToSpare) {

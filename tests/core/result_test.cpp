@@ -42,12 +42,10 @@ TEST(Result, ClassifiesEveryCode) {
         SCOPED_TRACE(row.code);
         KOVIResult const result(row.code);
         bool const success = row.kind == 'C' || row.kind == 'N' || row.kind == 'P';
-        EXPECT_EQ(result.IsSuccess(), success);
-        EXPECT_EQ(result.IsFailure(), !success);
-        EXPECT_EQ(result.IsCompleteSuccess(), row.kind == 'C' || row.kind == 'N');
-        EXPECT_EQ(result.IsPartialSuccess(), row.kind == 'P');
-        EXPECT_EQ(result.IsDeterminedFailure(), row.kind == 'F');
-        EXPECT_EQ(result.IsUndetermined(), row.kind == 'U');
+        EXPECT_EQ((Numbers{result.IsSuccess(), result.IsFailure(), result.IsCompleteSuccess(),
+                           result.IsPartialSuccess(), result.IsDeterminedFailure(), result.IsUndetermined()}),
+                  (Numbers{success, !success, row.kind == 'C' || row.kind == 'N', row.kind == 'P', row.kind == 'F',
+                           row.kind == 'U'}));
         EXPECT_EQ(result.GetReturnCode(), row.returnCode);
         EXPECT_STREQ(result.GetMessage(), row.message);
     }
@@ -68,15 +66,12 @@ const Joining kJoinings[] = {
     {'U', "LLLLR", "11LLR"}, {'F', "LLLLL", "111LL"},
 };
 
-long joined(char outcome, long left, long right) {
-    return outcome == 'L' ? left : outcome == 'R' ? right : 1;
-}
+long joined(char outcome, long left, long right) { return outcome == 'L' ? left : outcome == 'R' ? right : 1; }
 
 TEST(Result, JoinsEveryPairOfCodes) {
     for (Row const& left : kRows) {
         Joining const* joining = kJoinings;
-        while (joining->left != left.kind)
-            ++joining;
+        while (joining->left != left.kind) ++joining;
         for (Row const& right : kRows) {
             std::size_t const column = std::string("CNPUF").find(right.kind);
             KOVIResult worst(left.code);

@@ -5,21 +5,16 @@
 
 namespace {
 
-KOVAEventBus& bus() {
-    return KOVAEventBus::GetEventBus();
-}
+KOVAEventBus& bus() { return KOVAEventBus::GetEventBus(); }
 
 /// Adds its letter to a common log, then does something.
 class Letter : public KOVAEventListener {
 public:
     Letter(std::string& log, char letter) : log_(log), letter_(letter) {}
-    Letter(Letter const&) = delete;
-    Letter& operator=(Letter const&) = delete;
     ~Letter() override { bus().RemoveListener(this); }
     void HandleEvent(KOVAEvent&) override {
         log_ += letter_;
-        if (then)
-            then();
+        if (then) then();
     }
     std::function<void()> then;
 
@@ -49,8 +44,7 @@ protected:
 
 TEST_F(EventBus, DeliversOnceInOrderOfRegistration) {
     EXPECT_EQ(fire(), "");
-    for (KOVAEventListener* listener : {&b, &a, &b, &c})
-        bus().AddListener(listener);
+    for (KOVAEventListener* listener : {&b, &a, &b, &c}) bus().AddListener(listener);
     bus().AddListener(nullptr);
     bus().RemoveListener(nullptr);
     bus().RemoveListener(&d);
@@ -62,8 +56,7 @@ TEST_F(EventBus, DeliversOnceInOrderOfRegistration) {
 }
 
 TEST_F(EventBus, ListenersComeAndGoWhileItDelivers) {
-    for (KOVAEventListener* listener : {&a, &b, &c})
-        bus().AddListener(listener);
+    for (KOVAEventListener* listener : {&a, &b, &c}) bus().AddListener(listener);
     a.then = [&] {
         bus().RemoveListener(&a);
         bus().RemoveListener(&b);
@@ -79,16 +72,14 @@ TEST_F(EventBus, ListenersComeAndGoWhileItDelivers) {
             crowd.push_back(new Letter(log, 'x'));
             bus().AddListener(crowd.back());
         }
-        for (Letter* letter : crowd)
-            delete letter;
+        for (Letter* letter : crowd) delete letter;
     };
     EXPECT_EQ(fire(), "cdb");
     EXPECT_EQ(fire(), "cdb");
 }
 
 TEST_F(EventBus, EventsWithinEvents) {
-    for (KOVAEventListener* listener : {&a, &b, &c})
-        bus().AddListener(listener);
+    for (KOVAEventListener* listener : {&a, &b, &c}) bus().AddListener(listener);
     a.then = [&] {
         a.then = nullptr;
         bus().RemoveListener(&b);
@@ -148,8 +139,7 @@ TEST(Event, LevelKeywords) {
     std::pair<char const*, int> const rows[] = {
         {"ALL", 0},  {"ABORT", 90},  {"DEBUG", 10}, {"ERROR", 80}, {"INFO", 50}, {"NONE", 999}, {"VERBOSE", 30},
         {"Info", 7}, {"WARNING", 7}, {"", 7},       {" INFO", 7},  {"INFO ", 7}, {"ALLE", 7},   {"Z", 7}};
-    for (auto const& [keyword, level] : rows)
-        EXPECT_EQ(KOVAEvent::GetLevel(KOVAString(keyword), 7), level) << keyword;
+    for (auto const& [keyword, level] : rows) EXPECT_EQ(KOVAEvent::GetLevel(KOVAString(keyword), 7), level) << keyword;
     EXPECT_EQ(KOVAEvent::GetLevel(KOVAString(), KOVA_LEVEL_NONE), KOVA_LEVEL_NONE);
 }
 

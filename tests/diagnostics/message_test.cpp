@@ -28,15 +28,12 @@ TEST(Messages, IndentationBelongsToOneClass) {
     KOVAInfo::Printf("x");
     KOVAInfo::NoTabPrintf("x");
     KOVAWarning::Printf("x");
-    for (int i = 0; i < 3; ++i)
-        KOVAInfo::Untab();
+    for (int i = 0; i < 3; ++i) KOVAInfo::Untab();
     KOVAInfo::PrintfAsItIs("x"); // below zero
     KOVAInfo::Tab();
-    for (int i = 0; i < 200; ++i)
-        KOVADebug::Tab();
+    for (int i = 0; i < 200; ++i) KOVADebug::Tab();
     KOVADebug::Printf("%s", std::string(5000, 'y').c_str());
-    for (int i = 0; i < 200; ++i)
-        KOVADebug::Untab();
+    for (int i = 0; i < 200; ++i) KOVADebug::Untab();
     EXPECT_EQ(recorder.events, (Texts{"50 Message :       x\n", "50 Message : x\n", "70 Warning : x\n", "50 x\n",
                                       "10 " + std::string(600, ' ') + std::string(1023, 'y') + "\n"}));
 }
@@ -130,8 +127,7 @@ TEST(ErrorTracker, RecordsCopiesUntilItIsDeleted) {
     error.SetDescription(KOVAString("first"));
     EXPECT_TRUE(KOVAErrorEvent::Fire(error, "reader", 7) == 5);
     error.SetDescription(KOVAString("second"));
-    for (int i = 0; i < 30; ++i)
-        KOVAErrorEvent::Fire(error, "reader", i);
+    for (int i = 0; i < 30; ++i) KOVAErrorEvent::Fire(error, "reader", i);
     ASSERT_EQ(KOVAError::GetErrorCount(), 32);
     KOVAString description;
     tracker->GetError(0)->GetDescription(description);

@@ -16,9 +16,7 @@ template <class Function> std::string raised(Function const& function) {
     try {
         function();
         return "nothing";
-    } catch (Gk_Exception const& e) {
-        return e.token();
-    }
+    } catch (Gk_Exception const& e) { return e.token(); }
 }
 
 std::string readAll(KOVAInputStream& in, int count) {

@@ -21,9 +21,7 @@ using Texts = std::vector<std::string>;
 namespace test {
 
 /// The text in 8 bits, "" for the null string.
-inline std::string text(KOVAString const& s) {
-    return s.length() > 0 ? static_cast<char const*>(s) : "";
-}
+inline std::string text(KOVAString const& s) { return s.length() > 0 ? static_cast<char const*>(s) : ""; }
 
 /// Keeps what is written, and how often.
 class TextStream : public KOVAOutputStream {
@@ -50,8 +48,6 @@ inline std::string describe(KOVAEvent& event) {
 class Recorder : public KOVAEventListener {
 public:
     Recorder() { KOVAEventBus::GetEventBus().AddListener(this); }
-    Recorder(Recorder const&) = delete;
-    Recorder& operator=(Recorder const&) = delete;
     ~Recorder() override { KOVAEventBus::GetEventBus().RemoveListener(this); }
 
     void HandleEvent(KOVAEvent& event) override {
@@ -68,8 +64,6 @@ public:
         std::filesystem::remove_all(name_);
         std::filesystem::create_directory(name_);
     }
-    Folder(Folder const&) = delete;
-    Folder& operator=(Folder const&) = delete;
     ~Folder() {
         std::error_code ignored;
         std::filesystem::remove_all(name_, ignored);

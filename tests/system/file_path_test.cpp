@@ -4,9 +4,7 @@ namespace {
 
 using test::text;
 
-std::string text(KOVAFilePath const& path) {
-    return text(path.GetPath());
-}
+std::string text(KOVAFilePath const& path) { return text(path.GetPath()); }
 
 TEST(FilePath, TakesNamesApart) {
     // As written, as stored; directory, name, name without extensions, without the last, last extension.

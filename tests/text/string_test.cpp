@@ -10,9 +10,7 @@ std::string narrow(KOVAString const& s) {
     return text ? text : "(null)";
 }
 
-bool isNull(KOVAString const& s) {
-    return static_cast<unsigned short const*>(s) == nullptr;
-}
+bool isNull(KOVAString const& s) { return static_cast<unsigned short const*>(s) == nullptr; }
 
 /// Puts the character locale back.
 struct Locale {
@@ -102,8 +100,7 @@ TEST(String, Compares) {
 TEST(String, FoldsEveryUnitAsTheRuntimeDoes) {
     for (char const* name : {"C", "C.UTF-8", "tr_TR.UTF-8"}) {
         Locale const locale(name);
-        if (!locale.set)
-            continue;
+        if (!locale.set) continue;
         for (unsigned unit = 1; unit <= 0xFFFF; ++unit) {
             KOVAString const s(static_cast<unsigned short>(unit));
             ASSERT_EQ(s.toLowerCase()[0], std::towlower(static_cast<std::wint_t>(unit))) << name << unit;
@@ -142,8 +139,7 @@ TEST(String, Derives) {
     EXPECT_EQ(narrow(KOVAString("MiXed").toLowerCase() + KOVAString("MiXed").toUpperCase()), "mixedMIXED");
     char const* const trimmed[][2] = {{"abc", "ab"},   {"  abc ", "abc"}, {"abc ", "abc"},
                                       {"  abc", "ab"}, {"a", "(null)"},   {" \t\n", "(null)"}};
-    for (auto const& [text, result] : trimmed)
-        EXPECT_EQ(narrow(KOVAString(text).trim()), result);
+    for (auto const& [text, result] : trimmed) EXPECT_EQ(narrow(KOVAString(text).trim()), result);
     EXPECT_TRUE(KOVAString("a").isWhitespace() && !KOVAString("ab").isWhitespace());
 }
 
@@ -164,8 +160,7 @@ TEST(String, CopiesUnitsWithinBounds) {
         std::fill(std::begin(wide), std::end(wide), static_cast<unsigned short>('#'));
         s.getChars(begin, end, wide, at);
         std::string text;
-        for (unsigned short unit : wide)
-            text += unit ? static_cast<char>(unit) : '0';
+        for (unsigned short unit : wide) text += unit ? static_cast<char>(unit) : '0';
         return text;
     };
     EXPECT_EQ(copied(1, 3, 2) + copied(4, 99, 0), "##bc0###ef0#####");
@@ -192,8 +187,7 @@ TEST(String, LocalesThatCannotConvert) {
 
 TEST(String, Utf8) {
     Locale const locale("C.UTF-8");
-    if (!locale.set || MB_CUR_MAX < 4)
-        GTEST_SKIP() << "no UTF-8 locale on this system";
+    if (!locale.set || MB_CUR_MAX < 4) GTEST_SKIP() << "no UTF-8 locale on this system";
     KOVAString const s("\xC3\xA4\xE2\x82\xAC\xF0\x9F\x9A\x80z");
     EXPECT_EQ((Numbers{s.length(), s[2], s[3], s.GetLengthInChar()}), (Numbers{5, 0xD83D, 0xDE80, 10}));
     EXPECT_EQ(narrow(s), "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x9A\x80z");

@@ -11,9 +11,7 @@
 
 namespace {
 
-std::string bytesOf(void const* data, std::size_t size) {
-    return std::string(static_cast<char const*>(data), size);
-}
+std::string bytesOf(void const* data, std::size_t size) { return std::string(static_cast<char const*>(data), size); }
 
 /// Corners of a triangle: nine coordinates.
 using Corners = std::vector<float>;
@@ -29,8 +27,7 @@ std::string binary(std::string header, std::vector<Corners> const& triangles) {
 
 std::string facet(char const* a, char const* b, char const* c) {
     std::string text = "facet normal nan 0 1\n outer loop\n";
-    for (char const* corner : {a, b, c})
-        text += std::string("  vertex ") + corner + "\n";
+    for (char const* corner : {a, b, c}) text += std::string("  vertex ") + corner + "\n";
     return text + " endloop\nendfacet\n";
 }
 
@@ -50,8 +47,7 @@ protected:
     /// The one error that was reported; what was reported otherwise.
     std::string error() const {
         std::string all;
-        for (std::string const& event : events_.events)
-            all += event;
+        for (std::string const& event : events_.events) all += event;
         return events_.events.size() == 1 && all.rfind("80 Error : ", 0) == 0 ? all.substr(11)
                                                                               : "not one error: " + all;
     }
@@ -82,8 +78,7 @@ TEST_F(Translator, ReadsAscii) {
     EXPECT_EQ(output(), "");
     // More than one block of the reader.
     std::string many = "solid\n";
-    for (int i = 0; i < 3000; ++i)
-        many += first;
+    for (int i = 0; i < 3000; ++i) many += first;
     EXPECT_EQ(run(many + "endsolid\n"), 0U);
     EXPECT_EQ(output().size(), 3 * 8U + 3000 * 8U + 2U);
 }
