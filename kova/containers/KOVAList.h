@@ -11,71 +11,28 @@ class KOVA_API KOVAListNode {
 public:
     /// Iterators hold one node; the end of every kind is the null node. They live as long as their
     /// node: until it is erased.
-    class KOVA_API KOVAListIterator {
+    template <class Node, KOVAListNode* KOVAListNode::*Step> class Iterator {
     public:
-        explicit KOVAListIterator(KOVAListNode* node = nullptr) noexcept : node_(node) {}
-        bool operator==(KOVAListIterator const& other) const noexcept { return node_ == other.node_; }
-        bool operator!=(KOVAListIterator const& other) const noexcept { return node_ != other.node_; }
+        explicit Iterator(Node* node = nullptr) noexcept : node_(node) {}
+        bool operator==(Iterator const& other) const noexcept { return node_ == other.node_; }
+        bool operator!=(Iterator const& other) const noexcept { return node_ != other.node_; }
         /// The entry's value; null at the end.
         void* operator*() const noexcept { return node_ ? node_->value_ : nullptr; }
-        /// Goes to the next entry; stays at the end.
-        KOVAListIterator& operator++() noexcept {
+        /// Goes to the entry that follows in this direction; stays at the end.
+        Iterator& operator++() noexcept {
             if (node_)
-                node_ = node_->next_;
+                node_ = node_->*Step;
             return *this;
         }
-        KOVAListIterator operator++(int) noexcept {
-            KOVAListIterator const before(*this);
+        Iterator operator++(int) noexcept {
+            Iterator const before(*this);
             ++*this;
             return before;
         }
 
     private:
         friend class KOVAList;
-        KOVAListNode* node_;
-    };
-
-    class KOVA_API KOVAConstListIterator {
-    public:
-        explicit KOVAConstListIterator(KOVAListNode const* node = nullptr) noexcept : node_(node) {}
-        bool operator==(KOVAConstListIterator const& other) const noexcept { return node_ == other.node_; }
-        bool operator!=(KOVAConstListIterator const& other) const noexcept { return node_ != other.node_; }
-        void* operator*() const noexcept { return node_ ? node_->value_ : nullptr; }
-        KOVAConstListIterator& operator++() noexcept {
-            if (node_)
-                node_ = node_->next_;
-            return *this;
-        }
-        KOVAConstListIterator operator++(int) noexcept {
-            KOVAConstListIterator const before(*this);
-            ++*this;
-            return before;
-        }
-
-    private:
-        KOVAListNode const* node_;
-    };
-
-    /// Goes from the tail towards the head.
-    class KOVA_API KOVAReverseListIterator {
-    public:
-        explicit KOVAReverseListIterator(KOVAListNode* node = nullptr) noexcept : node_(node) {}
-        bool operator==(KOVAReverseListIterator const& other) const noexcept { return node_ == other.node_; }
-        bool operator!=(KOVAReverseListIterator const& other) const noexcept { return node_ != other.node_; }
-        void* operator*() const noexcept { return node_ ? node_->value_ : nullptr; }
-        KOVAReverseListIterator& operator++() noexcept {
-            if (node_)
-                node_ = node_->prev_;
-            return *this;
-        }
-        KOVAReverseListIterator operator++(int) noexcept {
-            KOVAReverseListIterator const before(*this);
-            ++*this;
-            return before;
-        }
-
-    private:
-        KOVAListNode* node_;
+        Node* node_;
     };
 
 private:
@@ -89,6 +46,11 @@ private:
     /// Lists that have this node as head or tail, and nodes that have it as next. Lists may share
     /// nodes; the count is what lets each node be released once.
     std::uint32_t holders_ = 0;
+
+public:
+    using KOVAListIterator = Iterator<KOVAListNode, &KOVAListNode::next_>;
+    using KOVAConstListIterator = Iterator<KOVAListNode const, &KOVAListNode::next_>;
+    using KOVAReverseListIterator = Iterator<KOVAListNode, &KOVAListNode::prev_>; ///< from the tail to the head
 };
 
 /// A doubly linked list of untyped pointers, which it never owns.
