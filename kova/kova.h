@@ -31,9 +31,16 @@
 #include <kova/diagnostics/KOVAObject.h>
 #include <kova/diagnostics/KOVAVerbose.h>
 #include <kova/diagnostics/KOVAWarning.h>
+#include <kova/stream/Gk_IndexedInputStream.h>
+#include <kova/stream/Gk_PacketInputStream.h>
+#include <kova/stream/Gk_PacketOutputStream.h>
 #include <kova/stream/KOVAFileDescriptor.h>
 #include <kova/stream/KOVAFileInputStream.h>
 #include <kova/stream/KOVAFileOutputStream.h>
+#include <kova/stream/KOVAFilterInputStream.h>
+#include <kova/stream/KOVAFilterOutputStream.h>
 #include <kova/stream/KOVAInputStream.h>
 #include <kova/stream/KOVAOutputStream.h>
+#include <kova/stream/KOVAStringInputStream.h>
+#include <kova/stream/KOVAStringOutputStream.h>
 #include <kova/system/KOVAFilePath.h>
