@@ -1,11 +1,13 @@
 #include "Translation.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <filesystem>
 #include <memory>
+#include <string>
 #include <system_error>
 
 #include <kova/core/Gk_Exception.h>
@@ -49,29 +51,53 @@ KOVIResult read(char const* input, Mesh& mesh) {
     return result;
 }
 
-/// Removes what was begun; but never a device that the output names.
-void discard(char const* output) {
-    std::error_code ignored;
-    if (std::filesystem::is_regular_file(output, ignored))
-        KOVAFilePath(output).RemoveFile();
-}
+/// A file that is removed again unless it is finished. (The file itself where the name is a link to it,
+/// and never a device.)
+class Output {
+public:
+    explicit Output(char const* name) : name_(name), file_(KOVAFilePath(name).OpenFile(KOVAString("wb"))) {}
+    Output(Output const&) = delete;
+    Output& operator=(Output const&) = delete;
+    ~Output() {
+        if (file_)
+            discard();
+    }
 
-KOVIResult write(Mesh const& mesh, char const* output) {
-    File file(KOVAFilePath(output).OpenFile(KOVAString("wb")));
-    if (!file)
-        return fail(kFileOpenError, output, -1, "cannot be created: %s", std::strerror(errno));
-    KOVAFileDescriptorHandle const descriptor(new KOVAFileDescriptor(file.get(), KOVAFileDescriptor::Write));
-    KOVAFileOutputStream stream(file.get());
+    std::FILE* file() const noexcept { return file_.get(); }
+    /// Closes and keeps it; false when the system could not write what it had taken.
+    bool finish() { return std::fclose(file_.release()) == 0; }
+    void discard() {
+        file_.reset();
+        std::string name(name_);
+        std::replace(name.begin(), name.end(), '\\', '/');
+        std::error_code error;
+        std::filesystem::path const target = std::filesystem::canonical(name, error);
+        if (!error && std::filesystem::is_regular_file(target, error))
+            KOVAFilePath(target.string().c_str()).RemoveFile();
+    }
+
+private:
+    char const* name_;
+    File file_;
+};
+
+KOVIResult write(Mesh const& mesh, char const* name) {
+    Output output(name);
+    if (!output.file())
+        return fail(kFileOpenError, name, -1, "cannot be created: %s", std::strerror(errno));
+    KOVAFileDescriptorHandle const descriptor(new KOVAFileDescriptor(output.file(), KOVAFileDescriptor::Write));
+    bool const tellsPosition = descriptor->offset(0) == 0; // a pipe does not
+    KOVAFileOutputStream stream(output.file());
     ObjWriter writer(stream);
     writer.write(mesh);
-    long const written = descriptor->offset(0);
-    bool const closed = std::fclose(file.release()) == 0;
-    if (written != writer.bytes() || !closed) {
-        discard(output);
-        return fail(kFileSaveError, output, written, "only %ld of %lld bytes could be written; is the disk full?",
-                    written, static_cast<long long>(writer.bytes()));
+    long long const wanted = writer.bytes();
+    long long const written = tellsPosition ? descriptor->offset(0) : wanted;
+    if (written != wanted || !output.finish()) {
+        output.discard();
+        return fail(kFileSaveError, name, written, "only %lld of %lld bytes could be written; is the disk full?",
+                    written, wanted);
     }
-    inform(output, "OBJ, %zu faces, %zu vertices, %ld bytes", mesh.triangles().size(), mesh.vertices().size(), written);
+    inform(name, "OBJ, %zu faces, %zu vertices, %lld bytes", mesh.triangles().size(), mesh.vertices().size(), written);
     return mesh.triangles().empty() ? kNoEntity : kSuccess;
 }
 

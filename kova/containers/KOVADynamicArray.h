@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <new>
@@ -22,12 +23,12 @@ template <class T> class KOVADynamicArray {
     static_assert(alignof(T) <= alignof(std::max_align_t), "the block is aligned for the standard types only");
 
 public:
-    KOVADynamicArray() : header_(kovaArrayAllocate(kInitialCapacity, kElementSize)) {}
+    KOVADynamicArray() : KOVADynamicArray(Capacity{kInitialCapacity}) {}
 
     /// n copies of the value; none when n is below 1.
-    KOVADynamicArray(int n, T const& value) : header_(kovaArrayAllocate(n < 1 ? kInitialCapacity : n, kElementSize)) {
-        for (int i = 0; i < n && header_; ++i)
-            add(value);
+    KOVADynamicArray(int n, T const& value) : KOVADynamicArray(Capacity{n < 1 ? kInitialCapacity : n}) {
+        for (int i = 0; i < n && take(Relocatable(value)); ++i) {
+        }
     }
 
     KOVADynamicArray(KOVADynamicArray const& other) : header_(kovaArrayCopy(other.header_)) {}
@@ -58,11 +59,7 @@ public:
     bool operator==(KOVADynamicArray const& other) const { return header_ == other.header_; }
 
     /// Appends a copy of x, which may be an element of this array.
-    void add(T const& x) {
-        Relocatable element(x);
-        if (kovaArrayAdd(header_, element.bytes()))
-            element.forget();
-    }
+    void add(T const& x) { take(Relocatable(x)); }
 
     /// Inserts a copy of x before element i; i must be in 0 .. size().
     void insert(int i, T const& x) {
@@ -90,25 +87,25 @@ public:
         header_ = kovaArrayAllocate(kInitialCapacity, kElementSize);
     }
 
-    /// Reverses the order in place, by copy construction only (assignment of a T may keep fields).
+    /// Reverses the order in place, moving elements bitwise (assignment of a T may keep fields).
     void reverse() {
         T* const elements = getArray();
         for (int low = 0, high = size() - 1; low < high; ++low, --high) {
-            T const saved(elements[low]);
-            replace(elements[low], elements[high]);
-            replace(elements[high], saved);
+            unsigned char* const bytes = reinterpret_cast<unsigned char*>(elements + low);
+            std::swap_ranges(bytes, bytes + sizeof(T), reinterpret_cast<unsigned char*>(elements + high));
         }
     }
 
-    /// Insert or append n default elements; none when n is below 1. Both return true.
+    /// Insert or append n default elements, fewer when memory runs out; none when n is below 1. Both
+    /// return true.
     bool frontGrow(int n) {
-        for (int i = 0; i < n; ++i)
+        for (int i = 0, before = size(); i < n && size() == before + i; ++i)
             insert(0, T());
         return true;
     }
     bool endGrow(int n) {
-        for (int i = 0; i < n; ++i)
-            add(T());
+        for (int i = 0; i < n && take(Relocatable(T())); ++i) {
+        }
         return true;
     }
 
@@ -124,8 +121,8 @@ public:
         return true;
     }
 
-    /// Grows or shrinks at the end to n elements; true.
-    bool resize(int n) { return n > size() ? endGrow(n - size()) : endShrink(size() - n); }
+    /// Grows or shrinks at the end to n elements, none when n is below 0; true.
+    bool resize(int n) { return n > size() ? endGrow(n - size()) : endShrink(size() - (n < 0 ? 0 : n)); }
 
     /// Adds a copy of each element of other, which may be this very array.
     void append(KOVADynamicArray const& other) {
@@ -164,9 +161,17 @@ private:
         bool live_ = true;
     };
 
-    static void replace(T& element, T const& value) {
-        element.~T();
-        new (&element) T(value);
+    struct Capacity {
+        int slots;
+    };
+    explicit KOVADynamicArray(Capacity capacity) : header_(kovaArrayAllocate(capacity.slots, kElementSize)) {}
+
+    /// Appends a copy; false when memory runs out.
+    bool take(Relocatable&& element) {
+        bool const added = kovaArrayAdd(header_, element.bytes()) != 0;
+        if (added)
+            element.forget();
+        return added;
     }
 
     void destroyElements() {

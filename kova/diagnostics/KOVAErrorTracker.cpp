@@ -26,13 +26,20 @@ KOVAErrorTracker::~KOVAErrorTracker() {
         KOVAEventBus::GetEventBus().RemoveListener(_pTracker);
         _pTracker = nullptr;
     }
+    ClearErrorList();
+}
+
+void KOVAErrorTracker::ClearErrorList() {
+    for (int i = 0; i < errors_.size(); ++i)
+        delete errors_[i];
+    errors_.clear();
 }
 
 void KOVAErrorTracker::HandleEvent(KOVAEvent& event) {
     // The name decides; the cast guards against a foreign event of the same name.
     KOVAErrorEvent* const error = event.IsA("KOVAErrorEvent") ? dynamic_cast<KOVAErrorEvent*>(&event) : nullptr;
     if (error)
-        errors_.add(error->GetError());
+        errors_.add(new KOVAError(error->GetError()));
 }
 
 KOVAError* KOVAErrorTracker::GetLastError() {
@@ -40,5 +47,5 @@ KOVAError* KOVAErrorTracker::GetLastError() {
 }
 
 KOVAError* KOVAErrorTracker::GetError(int index) {
-    return index >= 0 && index < GetErrorCount() ? &errors_[index] : nullptr;
+    return index >= 0 && index < GetErrorCount() ? errors_[index] : nullptr;
 }

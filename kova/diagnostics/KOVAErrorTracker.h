@@ -13,7 +13,7 @@
 ///     if (KOVAError::GetErrorCount() > 0)
 ///         return KOVAError::GetLastError()->GetErrorType();
 ///
-/// Pointers to recorded errors live until the next error is recorded or the list is cleared.
+/// Pointers to recorded errors live until the list is cleared.
 class KOVA_API KOVAErrorTracker : public KOVAEventListener {
 public:
     /// Makes the one tracker and registers it; nothing when there is one. Always a success.
@@ -35,12 +35,12 @@ public:
     int GetErrorCount() const { return errors_.size(); }
     /// Error number `index`, the oldest being 0; null when there is none.
     KOVAError* GetError(int index);
-    void ClearErrorList() { errors_.clear(); }
+    void ClearErrorList();
 
     static KOVAErrorTracker* _pTracker;
 
 private:
     KOVAErrorTracker() = default;
 
-    KOVADynamicArray<KOVAError> errors_;
+    KOVADynamicArray<KOVAError*> errors_; ///< owned; each stays where it is when more are recorded
 };

@@ -16,6 +16,7 @@ class ReportText;
 
 /// The part that the message events share: a text of at most 1023 characters, written as one line.
 /// Printf-like constructors format it; the protected ones take an argument list that was started.
+/// Hazard: where a va_list is a char*, a format held in a char* is taken for one; make it a char const*.
 class KOVA_API KOVATextEvent : public KOVAEvent {
 public:
     ~KOVATextEvent() override;

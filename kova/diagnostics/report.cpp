@@ -79,10 +79,12 @@ std::size_t formatBounded(char* buffer, std::size_t size, char const* format, st
     va_end(again);
     if (plain)
         return length;
+    std::memset(buffer, 0, size);
     int const wanted = std::vsnprintf(buffer, size, format, arguments);
     if (wanted < 0) {
-        buffer[0] = '\0';
-        return 0;
+        // Something could not be converted; what came before it counts.
+        buffer[size - 1] = '\0';
+        return std::strlen(buffer);
     }
     return static_cast<std::size_t>(wanted) < size ? static_cast<std::size_t>(wanted) : size - 1;
 }

@@ -98,8 +98,10 @@ FilePermissions filePermissions(int file) noexcept {
 }
 
 std::FILE* openStream(unsigned short const* name, unsigned short const* mode) {
-    if (!name || !mode)
+    if (!name || !mode) {
+        errno = name ? EINVAL : ENOENT;
         return nullptr;
+    }
     KOVAString const modeText(mode);
     std::FILE* const stream = std::fopen(systemName(name).c_str(), static_cast<char const*>(modeText));
     if (stream && isFolder(fileNumber(stream))) {

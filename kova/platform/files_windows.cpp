@@ -1,6 +1,7 @@
 #include <kova/platform/files.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <cstdlib>
 
@@ -72,7 +73,11 @@ FilePermissions filePermissions(int file) noexcept {
 }
 
 std::FILE* openStream(unsigned short const* name, unsigned short const* mode) {
-    return name && mode ? _wfopen(wide(name), wide(mode)) : nullptr;
+    if (!name || !mode) {
+        errno = name ? EINVAL : ENOENT;
+        return nullptr;
+    }
+    return _wfopen(wide(name), wide(mode));
 }
 
 bool removeFile(unsigned short const* name) {

@@ -10,7 +10,7 @@ static_assert(sizeof(void*) != 4 || sizeof(KOVAFileInputStream) == 24);
 namespace {
 
 /// Sizes and positions are kept in 32 bits; what they cannot hold becomes the largest that they can.
-std::int32_t narrowed(long value) {
+std::int32_t narrowed(long long value) {
     return static_cast<std::int32_t>(std::clamp<long long>(value, std::numeric_limits<std::int32_t>::min(),
                                                            std::numeric_limits<std::int32_t>::max()));
 }
@@ -48,14 +48,14 @@ int KOVAFileInputStream::read(char* const buffer, int count) {
         return 0;
     int const result = descriptor_->readBytes(buffer, static_cast<unsigned int>(count), ownOffset_);
     if (!followsDescriptor() && result > 0)
-        ownOffset_ = narrowed(static_cast<long>(ownOffset_) + result);
+        ownOffset_ = narrowed(0LL + ownOffset_ + result);
     return result;
 }
 
 long KOVAFileInputStream::skip(long count) {
     if (followsDescriptor())
         return descriptor_->offset(count);
-    ownOffset_ = narrowed(ownOffset_ + count);
+    ownOffset_ = narrowed(std::max(0LL, 0LL + ownOffset_ + narrowed(count)));
     return ownOffset_;
 }
 
@@ -67,7 +67,7 @@ bool KOVAFileInputStream::add(Gk_String const& text) {
     if (followsDescriptor())
         descriptor_->offset(-static_cast<long>(text.len()));
     else
-        ownOffset_ -= text.len();
+        ownOffset_ = std::max(ownOffset_ - text.len(), 0);
     return true;
 }
 
@@ -79,5 +79,5 @@ void KOVAFileInputStream::setOffset(long offset) {
     if (followsDescriptor())
         descriptor_->seek(offset);
     else
-        ownOffset_ = narrowed(offset);
+        ownOffset_ = narrowed(std::max(offset, 0L));
 }

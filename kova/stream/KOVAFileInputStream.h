@@ -21,7 +21,7 @@ public:
     KOVAFileInputStream& operator=(KOVAFileInputStream const&) = delete;
     ~KOVAFileInputStream() override;
 
-    /// From then on this stream and its duplicates each keep a position of their own.
+    /// From then on this stream and its duplicates each keep a position of their own, never below 0.
     KOVAInputStream* duplicate() override;
     int read(char* const buffer, int count) override;
     /// Moves ahead and returns the new position. Callers depend on it being no count, as elsewhere.

@@ -9,7 +9,8 @@
 /// Writes to a file without a buffer: each write is one call of the system. Write in blocks.
 ///
 /// Files opened by name are in text mode, created or truncated. A write that fails is not reported;
-/// compare the descriptor's offset(0) with what was written where that matters.
+/// where that matters, write through a descriptor in binary mode and compare its offset(0)
+/// with what was written.
 class KOVA_API KOVAFileOutputStream : public KOVAOutputStream {
 public:
     /// The console: file number 1, which is never closed.

@@ -9,10 +9,7 @@ namespace {
 
 constexpr unsigned short kBackslash = '\\';
 
-KOVAString const& readMode() {
-    static KOVAString const mode("r");
-    return mode;
-}
+constexpr unsigned short kReadMode[] = {'r', 0};
 
 } // namespace
 
@@ -147,7 +144,7 @@ KOVAFilePath KOVAFilePath::operator+(KOVAString const& s) const {
 }
 
 bool KOVAFilePath::DoesFileExist() const {
-    std::FILE* const file = OpenFile(readMode());
+    std::FILE* const file = OpenFile(kReadMode);
     if (file)
         std::fclose(file);
     return file != nullptr;

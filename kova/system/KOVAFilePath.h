@@ -44,7 +44,7 @@ public:
     virtual KOVAString GetDirectory() const;
     /// The path is not empty.
     virtual bool IsValid() const;
-    /// It begins with a separator, or with a letter, ":" and a separator.
+    /// It begins with a separator, or its second unit is ":" and its third a separator.
     virtual bool IsAbsolute() const;
     /// The path ends with the extension, given with or without its dot, ignoring case.
     virtual bool HasExtension(KOVAString const& ext) const;

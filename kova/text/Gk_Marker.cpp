@@ -50,7 +50,7 @@ int Gk_Marker::compare(Gk_Marker const& other) const noexcept {
         if (!*a)
             return unmatchedA || unmatchedB ? 0 : 1;
         if (!*b)
-            return unmatchedA || unmatchedB ? 0 : -1;
+            return unmatchedA ? 0 : -1;
         int const difference = lower(*a) - lower(*b);
         if (difference != 0)
             return difference < 0 ? -1 : 1;

@@ -13,9 +13,10 @@ public:
     bool operator==(Gk_Marker const& other) const noexcept;
     bool operator<(Gk_Marker const& other) const noexcept;
 
-    /// -1, 0 or 1 ignoring case; "#" is skipped in either token, and a token may end early where the
-    /// other has an unmatched "#" ("ab#" and "abc" give 0). Callers depend on the reversed sense of
-    /// the ends: the shorter token orders after the longer one.
+    /// -1, 0 or 1 ignoring case; "#" is skipped in either token. A token that ends first is taken as
+    /// equal where a "#" is unmatched: in either token when this one ends ("ab#" and "abc" give 0), in
+    /// this one when the other ends ("abc" and "ab#" give -1). Callers depend on that, and on the
+    /// reversed sense of the ends: the shorter token orders after the longer one.
     int compare(Gk_Marker const& other) const noexcept;
 
 private:

@@ -96,9 +96,10 @@ void Gk_String::ensure(int n) {
         chop(n);
         return;
     }
-    shrinkEnd(len() - dataLen());
-    while (len() < n)
-        array_.add(' ');
+    int const data = dataLen();
+    shrinkEnd(len() - data);
+    array_.endGrow(n - len()); // ends where memory does
+    std::fill(array_.getArray() + data, array_.getArray() + len(), ' ');
     array_.add('\0');
 }
 

@@ -200,7 +200,7 @@ KOVAString::KOVAString(int size, char const* format, ...) : KOVAString() {
     if (!format)
         return;
     std::size_t const room = size > 0 ? static_cast<std::size_t>(size) : 1;
-    char small[1024];
+    char small[1024] = {};
     std::vector<char> large;
     char* buffer = small;
     std::size_t capacity = std::min(room, sizeof small);
@@ -217,8 +217,8 @@ KOVAString::KOVAString(int size, char const* format, ...) : KOVAString() {
     }
     va_end(again);
     va_end(arguments);
-    if (written < 0)
-        buffer[0] = 0;
+    if (written < 0) // something could not be converted; what came before it counts
+        buffer[capacity - 1] = 0;
     units_ = convert(buffer, std::strlen(buffer));
 }
 
@@ -331,8 +331,8 @@ void KOVAString::dump() const {
     std::string text;
     for (int i = 0; i < length(); ++i) {
         char const low = static_cast<char>(units_[i] & 0xFF);
-        // A percent sign is doubled because a message's text is formatted once more.
-        text.append(low == '%' ? 2 : 1, low);
+        // A percent sign is doubled because a message's text is formatted once more; a zero would end it.
+        text.append(low == '%' ? 2 : low == 0 ? 0 : 1, low);
     }
     KOVADebug::Printf("string 0x%llx (0x%llx): \"%s\" (%d chars)\n",
                       static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(this)),

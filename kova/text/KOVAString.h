@@ -165,6 +165,15 @@ inline bool operator!=(KOVAString const& left, KOVAString const& right) noexcept
     return !left.equals(right);
 }
 
+// With a literal, whose comparison with a string would otherwise be ambiguous.
+inline bool operator==(KOVAString const& left, char const* right) {
+    return left.equals(KOVAString(right));
+}
+
+inline bool operator!=(KOVAString const& left, char const* right) {
+    return !left.equals(KOVAString(right));
+}
+
 inline bool operator<(KOVAString const& left, KOVAString const& right) noexcept {
     return left.compareTo(right) < 0;
 }

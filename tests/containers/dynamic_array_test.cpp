@@ -92,7 +92,7 @@ TEST(DynamicArray, ReversesAndResizes) {
     Elements array = counting(3);
     EXPECT_TRUE(array.resize(5));
     EXPECT_EQ(values(array), (Values{1, 2, 3, 0, 0}));
-    EXPECT_TRUE(array.resize(2));
+    EXPECT_TRUE(array.resize(2) && Elements(array.copy()).resize(-1));
     EXPECT_TRUE(array.frontGrow(1));
     EXPECT_EQ(values(array), (Values{0, 1, 2}));
     EXPECT_TRUE(array.frontShrink(2));

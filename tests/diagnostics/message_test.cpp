@@ -47,6 +47,10 @@ TEST(Messages, TheSecondPassHasNoArguments) {
     KOVAError::Printf("%s", "%%");
     EXPECT_EQ(recorder.events,
               (Texts{"50 100%s %n %d.stl\n", "50 5% of %5% and 3%%\n", "50 100%\n", "50 100%\n", "80 Error : %\n"}));
+    std::string const incomplete = "what came before 100%";
+    recorder.events.clear();
+    KOVAInfo::PrintfAsItIs(incomplete.c_str(), 0);
+    EXPECT_EQ(recorder.events.front().substr(0, 23), "50 what came before 100");
     // An event made directly formats once.
     KOVAMessageEvent event("%s", "a%%b");
     EXPECT_EQ(test::describe(event), "Message : a%%b\n");
@@ -127,15 +131,15 @@ TEST(ErrorTracker, RecordsCopiesUntilItIsDeleted) {
     error.SetDescription(KOVAString("first"));
     EXPECT_TRUE(KOVAErrorEvent::Fire(error, "reader", 7) == 5);
     error.SetDescription(KOVAString("second"));
-    for (int i = 0; i < 30; ++i) KOVAErrorEvent::Fire(error, "reader", i);
+    KOVAError const& recorded = *tracker->GetError(1); // stays where it is
+    for (int i = 0; i < 30; ++i) KOVAErrorEvent::Fire(*KOVAError::GetLastError(), "reader", i);
     ASSERT_EQ(KOVAError::GetErrorCount(), 32);
     KOVAString description;
     tracker->GetError(0)->GetDescription(description);
     EXPECT_TRUE(tracker->GetError(0)->GetErrorType() == 0x01000001 && description.length() == 0);
-    KOVAError const& recorded = *tracker->GetError(1);
     recorded.GetDescription(description);
     EXPECT_EQ(test::text(description) + test::text(recorded.GetSourceFile()), "firstreader");
-    EXPECT_TRUE(recorded.GetSourceLine() == 7 && KOVAError::GetLastError()->GetSourceLine() == 29);
+    EXPECT_TRUE(KOVAError::GetLastError()->GetErrorType() == 5 && KOVAError::GetLastError()->GetSourceLine() == 29);
     EXPECT_TRUE(tracker->GetError(-1) == nullptr && tracker->GetError(32) == nullptr);
     EXPECT_TRUE(KOVAErrorTracker::Reset() == 0 && KOVAError::GetErrorCount() == 0);
     delete tracker;

@@ -106,8 +106,12 @@ TEST_F(Streams, DuplicatesKeepTheirOwnPlaces) {
     EXPECT_EQ(readAll(*copy, 3), "cde");
     EXPECT_EQ((Numbers{in.getCurrentOffset(), in.readChar(), copy->readChar(), copy->available()}),
               (Numbers{2, 'c', 'f', 2}));
+    EXPECT_EQ(copy->skip(std::numeric_limits<long>::max()), 2147483647);
+    copy->setOffset(6);
     EXPECT_TRUE(copy->add(Gk_String("ab")));
     EXPECT_EQ(copy->getCurrentOffset(), 3);
+    EXPECT_TRUE(copy->add(Gk_String("more than was read")));
+    EXPECT_EQ(copy->getCurrentOffset(), 0);
     EXPECT_EQ(in.skip(2), 5);
     in.setOffset(1);
     EXPECT_EQ(readAll(in, 9), "bcdefgh");

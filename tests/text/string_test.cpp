@@ -93,6 +93,7 @@ TEST(String, Compares) {
     EXPECT_EQ(KOVAString(high).compareTo(KOVAString(low)), 1); // as numbers, not as signed ones
     EXPECT_EQ(KOVAString("ab").hashCode(), 3299U);
     EXPECT_EQ(KOVAString("overflowing").hashCode(), 2318918930U);
+    EXPECT_TRUE(KOVAString("a") == "a" && KOVAString("a") != "b" && KOVAString("a") == KOVAString("a"));
     EXPECT_TRUE(KOVAString("Part.STEP").endsWithIgnoreCase(KOVAString(".step")));
     EXPECT_FALSE(KOVAString("P").endsWithIgnoreCase(KOVAString("Part")));
 }
