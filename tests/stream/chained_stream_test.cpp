@@ -51,7 +51,7 @@ TEST_F(Chains, PushedBackTextIsReadAgain) {
         for (int back = 0; back <= 6; ++back) {
             packets.setOffset(0);
             for (int i = 0; i < 6; ++i) packets.readChar();
-            EXPECT_TRUE(packets.add(Gk_String("0123\n5" + 6 - back, back)));
+            EXPECT_TRUE(packets.add(Gk_String(&"0123\n5"[6 - back], back)));
             EXPECT_EQ(packets.getCurrentOffset(), 6 - back) << size;
             EXPECT_EQ(readAll(packets, 4), std::string("0123\n567\n9").substr(6 - static_cast<std::size_t>(back)))
                 << size;
