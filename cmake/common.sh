@@ -1,4 +1,4 @@
-# Sourced by the commands at the top: installs Debian packages that are missing, and nothing else.
+# Sourced by the commands at the top.
 
 say() { printf '%s\n' "$*" >&2; }
 
@@ -28,7 +28,7 @@ is_installed() {
   [ "$(dpkg-query --showformat='${db:Status-Status}' --show "$1" 2>/dev/null)" = installed ]
 }
 
-# need PACKAGE...: false, with a word on what is missing, when they cannot be installed.
+# need PACKAGE...: installs those that are missing; false, with a word on what is missing, when they cannot be installed.
 need() {
   missing=
   for package; do
@@ -47,4 +47,12 @@ need() {
   retry as_root apt-get update -qq >&2 || return 1
   # shellcheck disable=SC2086
   retry as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >&2
+}
+
+# configure PRESET: silent unless it fails.
+configure() {
+  log=$(cmake --preset "$1" 2>&1) || {
+    say "$log"
+    return 1
+  }
 }
