@@ -34,6 +34,8 @@
 #include <kova/stream/Gk_IndexedInputStream.h>
 #include <kova/stream/Gk_PacketInputStream.h>
 #include <kova/stream/Gk_PacketOutputStream.h>
+#include <kova/stream/KOVABlockReader.h>
+#include <kova/stream/KOVABlockWriter.h>
 #include <kova/stream/KOVAFileDescriptor.h>
 #include <kova/stream/KOVAFileInputStream.h>
 #include <kova/stream/KOVAFileOutputStream.h>
@@ -44,3 +46,4 @@
 #include <kova/stream/KOVAStringInputStream.h>
 #include <kova/stream/KOVAStringOutputStream.h>
 #include <kova/system/KOVAFilePath.h>
+#include <kova/system/KOVAFloatUtil.h>
