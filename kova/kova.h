@@ -31,6 +31,7 @@
 #include <kova/diagnostics/KOVAObject.h>
 #include <kova/diagnostics/KOVAVerbose.h>
 #include <kova/diagnostics/KOVAWarning.h>
+#include <kova/options/KOVAValue.h>
 #include <kova/stream/Gk_IndexedInputStream.h>
 #include <kova/stream/Gk_PacketInputStream.h>
 #include <kova/stream/Gk_PacketOutputStream.h>
@@ -43,6 +44,7 @@
 #include <kova/stream/KOVAFilterOutputStream.h>
 #include <kova/stream/KOVAInputStream.h>
 #include <kova/stream/KOVAOutputStream.h>
+#include <kova/stream/KOVAStreamFormatter.h>
 #include <kova/stream/KOVAStringInputStream.h>
 #include <kova/stream/KOVAStringOutputStream.h>
 #include <kova/system/KOVAFilePath.h>

@@ -22,3 +22,11 @@
 #else
 #  define KOVA_PRINTF(f, a)
 #endif
+
+/// Set for compilers that lay out neighbouring overloaded virtual functions in the reverse of their order
+/// of declaration. Classes whose slot order matters then declare them in reverse.
+#if defined(_MSC_VER)
+#  define KOVA_OVERLOADS_REVERSED 1
+#else
+#  define KOVA_OVERLOADS_REVERSED 0
+#endif

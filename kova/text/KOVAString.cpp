@@ -15,6 +15,7 @@
 #include <kova/diagnostics/KOVADebug.h>
 #include <kova/platform/threads.h>
 #include <kova/text/conversion.h>
+#include <kova/text/numbers.h>
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVAString) == 12);
 
@@ -512,8 +513,8 @@ KOVAString KOVAString::trim() const {
 // --- values
 
 KOVAString KOVAString::valueOf(double value) {
-    char text[std::numeric_limits<double>::max_exponent10 + 16];
-    std::snprintf(text, sizeof text, "%f", value);
+    char text[kova::detail::kLongestFixed + 1];
+    *kova::detail::formatFixed(value, text) = '\0';
     return KOVAString(text);
 }
 

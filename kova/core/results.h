@@ -1,0 +1,13 @@
+#pragma once
+
+#include <kova/core/KOVIResult.h>
+
+/// The results that the library's own operations return.
+namespace kova::detail {
+
+constexpr KOVIResult kSuccess(0x00000000);
+constexpr KOVIResult kFailure(0x01000001);
+constexpr KOVIResult kInvalidObject(0x0100000A);
+constexpr KOVIResult kInvalidArgument(0x0100000B);
+
+} // namespace kova::detail
