@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <limits>
 #include <new>
+#include <type_traits>
 
 #include <kova/core/KOVAArrayHeader.h>
 
@@ -44,7 +45,7 @@ public:
 
     ~KOVADynamicArray() { release(); }
 
-    int size() const { return kovaArrayCount(header_); }
+    int size() const { return header_ ? header_->count : 0; }
 
     T& operator[](int i) { return getArray()[i]; }
     T const& operator[](int i) const { return getArray()[i]; }
@@ -59,7 +60,16 @@ public:
     bool operator==(KOVADynamicArray const& other) const { return header_ == other.header_; }
 
     /// Appends a copy of x, which may be an element of this array.
-    void add(T const& x) { take(Relocatable(x)); }
+    void add(T const& x) {
+        if constexpr (std::is_trivially_copyable_v<T>) {
+            if (header_ && header_->count < header_->capacity) {
+                getArray()[header_->count] = x;
+                ++header_->count;
+                return;
+            }
+        }
+        take(Relocatable(x));
+    }
 
     /// Inserts a copy of x before element i; i must be in 0 .. size().
     void insert(int i, T const& x) {
@@ -131,10 +141,20 @@ public:
             add(other[i]);
     }
 
+    /// Adds copies of n elements, which must not lie in this array.
+    void append(T const* elements, int n) {
+        if constexpr (std::is_trivially_copyable_v<T>) {
+            kovaArrayAddMany(header_, elements, n);
+        } else {
+            for (int i = 0; i < n; ++i)
+                add(elements[i]);
+        }
+    }
+
     /// The deep copy.
     KOVADynamicArray copy() const {
         KOVADynamicArray result;
-        result.append(*this);
+        result.append(getArray(), size());
         return result;
     }
 

@@ -23,13 +23,16 @@ char* slot(KOVAArrayHeader const* header, int index) {
     return static_cast<char*>(header->data) + byteCount(header, index);
 }
 
-/// Makes the block hold `capacity` elements. A block that the grown one replaces is handed back in
-/// `replaced`, so that an element inside it can still be read; the caller frees it.
-int grow(KOVAArrayHeader* header, void*& replaced) {
-    double const wanted = static_cast<double>(header->growthFactor) * header->capacity + 1.0;
-    if (!(wanted < static_cast<double>(std::numeric_limits<std::int32_t>::max()) + 1.0))
-        return 0;
-    int const capacity = static_cast<int>(wanted);
+/// Grows the block, once or until it has `spare` free slots. A block that the grown one replaces is
+/// handed back in `replaced`, so that an element inside it can still be read; the caller frees it.
+int grow(KOVAArrayHeader* header, int spare, void*& replaced) {
+    int capacity = header->capacity;
+    do {
+        double const wanted = static_cast<double>(header->growthFactor) * capacity + 1.0;
+        if (!(wanted < static_cast<double>(std::numeric_limits<std::int32_t>::max()) + 1.0))
+            return 0;
+        capacity = static_cast<int>(wanted);
+    } while (capacity - header->count < spare);
     void* const block = std::calloc(static_cast<std::size_t>(capacity), static_cast<std::size_t>(header->elementSize));
     if (!block)
         return 0;
@@ -45,7 +48,7 @@ int grow(KOVAArrayHeader* header, void*& replaced) {
 /// be free.
 int place(KOVAArrayHeader* header, int index, void const* element, int spare) {
     void* replaced = nullptr;
-    if (header->capacity - header->count < spare && !grow(header, replaced))
+    if (header->capacity - header->count < spare && !grow(header, 1, replaced))
         return 0;
     char const* source = static_cast<char const*>(element);
     char* const target = slot(header, index);
@@ -126,7 +129,7 @@ KOVAArrayHeader* kovaArrayCopy(KOVAArrayHeader* header) {
 
 int kovaArrayRealloc(KOVAArrayHeader*& header) {
     void* replaced = nullptr;
-    if (!valid(header) || !grow(header, replaced))
+    if (!valid(header) || !grow(header, 0, replaced))
         return 0;
     std::free(replaced);
     return 1;
@@ -136,6 +139,18 @@ int kovaArrayAdd(KOVAArrayHeader*& header, void* element) {
     if (!valid(header) || !element)
         return 0;
     return place(header, header->count, element, 1);
+}
+
+int kovaArrayAddMany(KOVAArrayHeader*& header, void const* elements, int count) {
+    if (!valid(header) || !elements || count < 1)
+        return 0;
+    void* replaced = nullptr;
+    if (header->capacity - header->count < count && !grow(header, count, replaced))
+        return 0;
+    std::free(replaced);
+    std::memcpy(slot(header, header->count), elements, byteCount(header, count));
+    header->count += count;
+    return 1;
 }
 
 int kovaArrayInsertAt(KOVAArrayHeader*& header, int index, void* element) {

@@ -58,6 +58,10 @@ KOVA_API int kovaArrayRealloc(KOVAArrayHeader*& header);
 /// Appends an element; it may lie in this very array.
 KOVA_API int kovaArrayAdd(KOVAArrayHeader*& header, void* element);
 
+/// Appends count elements, growing as that many calls of kovaArrayAdd would; they must not lie in this
+/// array. Nothing for a count below 1 or a null pointer.
+KOVA_API int kovaArrayAddMany(KOVAArrayHeader*& header, void const* elements, int count);
+
 /// Inserts before index; an index above the count appends. Grows one slot earlier than kovaArrayAdd:
 /// an insertion always leaves a spare slot, and callers depend on the resulting capacities.
 KOVA_API int kovaArrayInsertAt(KOVAArrayHeader*& header, int index, void* element);

@@ -1,5 +1,7 @@
 #include <kova/options/KOVAValue.h>
 
+#include <cstring>
+
 #include <kova/core/results.h>
 #include <kova/stream/KOVAStreamFormatter.h>
 #include <kova/system/KOVAFloatUtil.h>
@@ -17,7 +19,7 @@ namespace {
 int leadingInt(KOVAString const& text) {
     char const* const narrow = text;
     char const* end = nullptr;
-    return narrow ? kova::detail::parseInteger<int>(narrow, 10, end) : 0;
+    return narrow ? kova::detail::readInteger<int>(narrow, narrow + std::strlen(narrow), 10, end) : 0;
 }
 
 } // namespace

@@ -17,10 +17,9 @@ KOVAStringOutputStream::~KOVAStringOutputStream() = default;
 void KOVAStringOutputStream::write(char const* const buffer, int count) {
     if (!buffer || count < 1)
         return;
-    text_.shrinkEnd(1);
-    for (int i = 0; i < count; ++i)
-        text_.append(buffer[i]);
-    text_.append('\0');
+    text_.append(count, buffer);
+    if (buffer[count - 1] == '\0') // which append takes for the terminator
+        text_.append('\0');
 }
 
 char const* KOVAStringOutputStream::contents() const {

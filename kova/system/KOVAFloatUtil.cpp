@@ -1,112 +1,35 @@
 #include <kova/system/KOVAFloatUtil.h>
 
-#include <charconv>
-#include <limits>
+#include <kova/text/numbers.h>
 
 namespace {
 
-bool isDigit(char c) noexcept {
-    return c >= '0' && c <= '9';
-}
-
-bool isSpace(char c) noexcept {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-bool isHexDigit(char c) noexcept {
-    return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
-
-/// Whether a number that no floating-point value holds is too large, not too small.
-bool isLarge(char const* at, char const* end, bool hexadecimal) noexcept {
-    long long exponent = 0; // of the first digit that is not 0
-    bool inFraction = false;
-    bool counting = false;
-    for (; at != end && (*at == '.' || (hexadecimal ? isHexDigit(*at) : isDigit(*at))); ++at) {
-        if (*at == '.') {
-            inFraction = true;
-            continue;
-        }
-        counting = counting || *at != '0';
-        if (counting != inFraction)
-            exponent += counting ? 1 : -1;
-    }
-    if (at != end)
-        ++at; // the "e" or "p"
-    if (at != end && *at == '+')
+/// The end of what may belong to a number, with white space before it: a text may be long behind it.
+char const* endOfNumber(char const* at) noexcept {
+    while (kova::detail::isSpace(*at))
         ++at;
-    int written = 0;
-    if (std::from_chars(at, end, written).ec == std::errc::result_out_of_range)
-        return *at != '-';
-    return exponent * (hexadecimal ? 4 : 1) + written > 0;
-}
-
-/// As std::from_chars, with a "+" before the number too, and with a value also where that is out of range.
-template <class Float>
-char const* readFloat(char const* begin, char const* end, Float& value, std::chars_format format) noexcept {
-    char const* digits = begin;
-    if (digits != end && *digits == '+' && digits + 1 != end && digits[1] != '-')
-        ++digits;
-    auto const result = std::from_chars(digits, end, value, format);
-    if (result.ec == std::errc::invalid_argument)
-        return begin;
-    if (result.ec == std::errc::result_out_of_range) {
-        bool const negative = *digits == '-';
-        bool const large = isLarge(negative ? digits + 1 : digits, result.ptr, format == std::chars_format::hex);
-        Float const magnitude = large ? std::numeric_limits<Float>::infinity() : Float{0};
-        value = negative ? -magnitude : magnitude;
-    }
-    return result.ptr;
-}
-
-/// The end of what may belong to a number: a text may be long behind it.
-char const* endOfWord(char const* at) noexcept {
-    while (isDigit(*at) || (*at >= 'a' && *at <= 'z') || (*at >= 'A' && *at <= 'Z') || *at == '.' || *at == '+' ||
-           *at == '-' || *at == '(' || *at == ')' || *at == '_')
+    while ((*at >= '0' && *at <= '9') || (*at >= 'a' && *at <= 'z') || (*at >= 'A' && *at <= 'Z') || *at == '.' ||
+           *at == '+' || *at == '-' || *at == '(' || *at == ')' || *at == '_')
         ++at;
     return at;
 }
 
-/// The hexadecimal number at `text`, behind its sign; `text` when there is none.
-char const* readHexadecimal(char const* text, char const* end, double& value) noexcept {
-    if (end - text < 3 || text[0] != '0' || (text[1] != 'x' && text[1] != 'X'))
-        return text;
-    char const* const digits = text + 2;
-    if (!isHexDigit(*digits) && *digits != '.') // a sign, "inf" or "nan"
-        return text;
-    char const* const stop = readFloat(digits, end, value, std::chars_format::hex);
-    return stop == digits ? text : stop;
-}
-
 } // namespace
-
-char const* KOVAFloatUtil::read(char const* begin, char const* end, double& value) {
-    return readFloat(begin, end, value, std::chars_format::general);
-}
-
-char const* KOVAFloatUtil::read(char const* begin, char const* end, float& value) {
-    return readFloat(begin, end, value, std::chars_format::general);
-}
 
 double KOVAFloatUtil::kovastrtod(char const* text, char** end) {
     if (!text)
         text = "";
-    char const* begin = text;
-    while (isSpace(*begin))
-        ++begin;
-    char const* const wordEnd = endOfWord(begin);
     double value = 0.0;
-    char const* const digits = begin + (*begin == '-' || *begin == '+' ? 1 : 0);
-    char const* stop = readHexadecimal(digits, wordEnd, value);
-    if (stop != digits) {
-        value = *begin == '-' ? -value : value;
-    } else {
-        value = 0.0;
-        stop = read(begin, wordEnd, value);
-        if (stop == begin)
-            stop = text;
-    }
+    char const* const stop = kova::detail::readNumber(text, endOfNumber(text), value);
     if (end)
         *end = const_cast<char*>(stop);
     return value;
+}
+
+char const* KOVAFloatUtil::read(char const* begin, char const* end, double& value) {
+    return kova::detail::readDecimal(begin, end, value);
+}
+
+char const* KOVAFloatUtil::read(char const* begin, char const* end, float& value) {
+    return kova::detail::readDecimal(begin, end, value);
 }

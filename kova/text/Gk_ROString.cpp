@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
+#include <cstring>
 
 #include <kova/stream/KOVAOutputStream.h>
 #include <kova/text/Gk_RWString.h>
@@ -63,14 +64,11 @@ bool matchOne(std::string_view pattern, std::size_t p, std::string_view path, st
 } // namespace
 
 Gk_ROString::Gk_ROString(char const* text) {
-    for (char const* c = text ? text : ""; *c; ++c)
-        array_.add(*c);
-    array_.add('\0');
+    array_.append(text ? text : "", text ? static_cast<int>(std::strlen(text)) + 1 : 1);
 }
 
 Gk_ROString::Gk_ROString(char const* text, int n) {
-    for (int i = 0; text && i < n; ++i)
-        array_.add(text[i]);
+    array_.append(text, n);
 }
 
 std::string_view Gk_ROString::characters() const {

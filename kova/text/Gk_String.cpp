@@ -17,17 +17,14 @@ std::string_view whole(char const* text) {
     return text ? std::string_view(text) : std::string_view();
 }
 
-std::string terminated(std::string_view text) {
-    std::string result(text);
-    if (result.empty() || result.back() != '\0')
-        result.push_back('\0');
-    return result;
+bool isTerminated(std::string_view text) {
+    return !text.empty() && text.back() == '\0';
 }
 
 } // namespace
 
 Gk_String::Gk_String(char const* text) {
-    addText(terminated(whole(text)));
+    addTerminated(whole(text));
 }
 
 Gk_String::Gk_String(char const* text, int n) {
@@ -35,7 +32,7 @@ Gk_String::Gk_String(char const* text, int n) {
 }
 
 Gk_String::Gk_String(Gk_ROString const& view) {
-    addText(terminated(view.characters()));
+    addTerminated(view.characters());
 }
 
 int Gk_String::dataLen() const {
@@ -43,24 +40,22 @@ int Gk_String::dataLen() const {
     return n > 0 && array_[n - 1] == '\0' ? n - 1 : n;
 }
 
-Gk_String::operator char*() const {
-    return len() > 0 ? const_cast<char*>(array_.getArray()) : nullptr;
-}
-
-void Gk_String::addText(std::string_view text) {
-    for (char const c : text)
-        array_.add(c);
-}
-
 /// The text must not lie in this array.
-void Gk_String::replaceLast(std::string_view text) {
-    if (len() > 0)
-        array_.removeAt(len() - 1);
+void Gk_String::addTerminated(std::string_view text) {
     addText(text);
+    if (!isTerminated(text))
+        array_.add('\0');
+}
+
+void Gk_String::replaceLast(std::string_view text) {
+    // A text that lies in this array would move.
+    std::string const own(text);
+    shrinkEnd(1);
+    addTerminated(own);
 }
 
 void Gk_String::append(char const* text) {
-    replaceLast(terminated(whole(text)));
+    replaceLast(whole(text));
 }
 
 void Gk_String::append(Gk_String const& text) {
@@ -68,11 +63,11 @@ void Gk_String::append(Gk_String const& text) {
 }
 
 void Gk_String::append(Gk_ROString const& view) {
-    replaceLast(terminated(view.characters()));
+    replaceLast(view.characters());
 }
 
 void Gk_String::append(int n, char const* text) {
-    replaceLast(terminated(bytes(text, n)));
+    replaceLast(bytes(text, n));
 }
 
 void Gk_String::chop(int n) {
@@ -98,16 +93,15 @@ void Gk_String::ensure(int n) {
     }
     int const data = dataLen();
     shrinkEnd(len() - data);
-    array_.endGrow(n - len()); // ends where memory does
-    std::fill(array_.getArray() + data, array_.getArray() + len(), ' ');
-    array_.add('\0');
+    std::string const blanks(static_cast<std::size_t>(n - data), ' ');
+    addTerminated(blanks);
 }
 
 Gk_String Gk_String::subset(int start, int n) const {
     std::string_view const all = Gk_ROString(array_).characters();
     std::size_t const from = std::min(static_cast<std::size_t>(std::max(start, 0)), all.size());
     Gk_String result;
-    result.addText(terminated(all.substr(from, static_cast<std::size_t>(std::max(n, 0)))));
+    result.addTerminated(all.substr(from, static_cast<std::size_t>(std::max(n, 0))));
     return result;
 }
 

@@ -31,7 +31,7 @@ public:
     char& operator[](int i) { return array_[i]; }
     char const& operator[](int i) const { return array_[i]; }
     /// The characters; null when there is none.
-    operator char*() const;
+    operator char*() const { return len() > 0 ? const_cast<char*>(array_.getArray()) : nullptr; }
 
     void clear() { array_.clear(); }
 
@@ -66,7 +66,8 @@ public:
     bool operator<(Gk_String const& other) const;
 
 private:
-    void addText(std::string_view text);
+    void addText(std::string_view text) { array_.append(text.data(), static_cast<int>(text.size())); }
+    void addTerminated(std::string_view text);
     void replaceLast(std::string_view text);
 
     KOVADynamicArray<char> array_;

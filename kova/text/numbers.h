@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <cstdio>
 #include <limits>
 #include <type_traits>
@@ -31,36 +32,53 @@ inline unsigned digitValue(char c) noexcept {
     return lower >= 'a' && lower <= 'f' ? static_cast<unsigned>(lower - 'a') + 10U : 16U;
 }
 
-/// The integer that a terminated text begins with, as strtol (strtoul for an unsigned T) reads it, but
-/// with the range of T: white space, a sign, digits; what is out of range becomes the nearest limit. Base
-/// 0 takes "0x" and "0" for the prefixes of hexadecimal and octal numbers. `end` is set to where the
-/// number ends, to the text when there is none.
-template <class T> T parseInteger(char const* text, unsigned base, char const*& end) noexcept {
+/// The number that [text, limit) begins with, as strtod reads it: white space, a sign, then decimal or
+/// hexadecimal digits, "inf" or "nan". Returns where it ends; `text` when there is none, and the value is
+/// then left alone.
+char const* readNumber(char const* text, char const* limit, double& value) noexcept;
+
+/// The decimal number, "inf" or "nan" at `text`, with or without a sign; otherwise the same.
+char const* readDecimal(char const* text, char const* limit, double& value) noexcept;
+char const* readDecimal(char const* text, char const* limit, float& value) noexcept;
+
+/// The integer that [text, limit) begins with, as strtol (strtoul for an unsigned T) reads it, but with the
+/// range of T: white space, a sign, digits; what is out of range becomes the nearest limit. Base 10, or 0,
+/// which takes "0x" and "0" for the prefixes of hexadecimal and octal numbers. `end` is set to where the
+/// number ends, to `text` when there is none.
+template <class T> T readInteger(char const* text, char const* limit, unsigned base, char const*& end) noexcept {
     using Magnitude = std::make_unsigned_t<T>;
     char const* at = text;
-    while (isSpace(*at))
+    while (at != limit && isSpace(*at))
         ++at;
-    bool const negative = *at == '-';
-    if (negative || *at == '+')
+    bool const negative = at != limit && *at == '-';
+    if (negative || (at != limit && *at == '+'))
         ++at;
+    constexpr Magnitude kMost = static_cast<Magnitude>(std::numeric_limits<T>::max());
+    Magnitude const most = std::is_signed_v<T> && negative ? kMost + Magnitude{1} : kMost;
     if (base == 0) {
-        bool const hexadecimal = at[0] == '0' && (at[1] == 'x' || at[1] == 'X') && digitValue(at[2]) < 16;
-        base = hexadecimal ? 16 : at[0] == '0' ? 8 : 10;
+        bool const octal = at != limit && *at == '0';
+        bool const hexadecimal = octal && limit - at > 2 && (at[1] | 0x20) == 'x' && digitValue(at[2]) < 16;
         at += hexadecimal ? 2 : 0;
+        base = hexadecimal ? 16 : octal ? 8 : 10;
     }
-    constexpr Magnitude kMost = std::numeric_limits<T>::max();
-    Magnitude const limit = std::is_signed_v<T> && negative ? kMost + Magnitude{1} : kMost;
-    Magnitude value = 0;
-    bool overflow = false;
+    // So many digits fit always; only those behind them are checked.
+    constexpr std::ptrdiff_t kSafe = std::numeric_limits<Magnitude>::digits / 4 - 1;
     char const* const digits = at;
-    for (unsigned digit = digitValue(*at); digit < base; digit = digitValue(*++at)) {
-        overflow = overflow || value > (limit - digit) / base;
-        value = value * static_cast<Magnitude>(base) + digit;
+    char const* const safeLimit = limit - at > kSafe ? at + kSafe : limit;
+    Magnitude value = 0;
+    unsigned digit = 0;
+    for (; at != safeLimit && (digit = digitValue(*at)) < base; ++at)
+        value = value * base + digit;
+    bool overflow = false;
+    for (; at != limit && (digit = digitValue(*at)) < base; ++at) {
+        overflow = overflow || value > (most - digit) / base;
+        value = value * base + digit;
     }
     end = at == digits ? text : at;
-    if (overflow)
-        return static_cast<T>(negative && std::is_signed_v<T> ? Magnitude{0} - limit : limit);
-    return static_cast<T>(negative ? Magnitude{0} - value : value);
+    if (overflow || value > most)
+        value = most;
+    bool const negated = negative && (std::is_signed_v<T> || !overflow);
+    return static_cast<T>(negated ? Magnitude{0} - value : value);
 }
 
 } // namespace kova::detail
