@@ -23,7 +23,7 @@ TEST(Map, FindsTheOldestByKeyAndTheNewestValue) {
     map.RemoveByKey(5);
     map.Remove(test::entry('c'));
     map.RemoveByKey(9);
-    EXPECT_EQ((Numbers{map.GetSize(), map.GetFrontKey()}), (Numbers{1, 5}));
+    EXPECT_TRUE(map.GetSize() == 1 && map.GetFrontKey() == 5);
     map.Pop();
     EXPECT_TRUE(map.IsEmpty() && map.GetTop() == nullptr);
 }
@@ -80,8 +80,8 @@ TEST(Table, FindsEveryKeyHoweverManyAndCopiesDeeply) {
     copy = table;
     copy = copy;
     EXPECT_EQ(found(copy, 0), "0=changed");
-    EXPECT_EQ((Numbers{copy.GetRowsCount(), copy.GetReferenceCount(), table.GetReferenceCount()}),
-              (Numbers{9000, 0, 1}));
+    EXPECT_EQ(copy.GetRowsCount(), 9000);
+    EXPECT_TRUE(copy.GetReferenceCount() == 0 && table.GetReferenceCount() == 1);
 }
 
 unsigned oneForAll(int* const&) { return 33; }
