@@ -69,7 +69,8 @@ TEST_F(Source, Extraction) {
     *source >> letter >> buffer >> decimal >> hexadecimal >> octal >> large >> real >> cut >> trailing;
     EXPECT_EQ(letter, 'w');
     EXPECT_STREQ(buffer, "text");
-    EXPECT_EQ((Numbers{decimal, hexadecimal, octal, large, trailing}), (Numbers{-12, 31, 15, 2147483647, 7}));
+    EXPECT_EQ((Numbers{decimal, hexadecimal, large, trailing}), (Numbers{-12, 31, 2147483647, 7}));
+    EXPECT_EQ(octal, 15U);
     EXPECT_EQ(std::make_pair(real, cut), std::make_pair(15.0F, -2.0));
     unsigned long whole = 1;
     *source >> letter >> buffer >> decimal >> whole >> cut; // nothing is left
@@ -219,7 +220,8 @@ TEST(Numbers, ReadAsStrtodReadsThem) {
                 double const actual = KOVAFloatUtil::kovastrtod(number.c_str(), &end);
                 ASSERT_EQ(end, expectedEnd) << number;
                 ASSERT_TRUE(actual == expected || (actual != actual && expected != expected)) << number;
-                ASSERT_EQ(std::signbit(actual) && actual == actual, std::signbit(expected) && expected == expected);
+                bool const hasSign = end != number.c_str() && actual == actual;
+                ASSERT_EQ(hasSign && std::signbit(actual), hasSign && std::signbit(expected)) << number;
             }
 }
 
