@@ -17,6 +17,7 @@
 #include <kova/containers/KOVATable.h>
 #include <kova/containers/hash_index.h>
 #include <kova/containers/linked.h>
+#include <kova/containers/string_map.h>
 #include <kova/text/Gk_Marker.h>
 #include <kova/text/Gk_ROString.h>
 #include <kova/text/Gk_RWString.h>
@@ -36,8 +37,10 @@
 #include <kova/diagnostics/KOVAInfo.h>
 #include <kova/diagnostics/KOVAMessageEvents.h>
 #include <kova/diagnostics/KOVAObject.h>
+#include <kova/diagnostics/KOVATrace.h>
 #include <kova/diagnostics/KOVAVerbose.h>
 #include <kova/diagnostics/KOVAWarning.h>
+#include <kova/options/KOVAProperties.h>
 #include <kova/options/KOVAValue.h>
 #include <kova/stream/Gk_IndexedInputStream.h>
 #include <kova/stream/Gk_PacketInputStream.h>
@@ -54,5 +57,6 @@
 #include <kova/stream/KOVAStreamFormatter.h>
 #include <kova/stream/KOVAStringInputStream.h>
 #include <kova/stream/KOVAStringOutputStream.h>
+#include <kova/system/KOVAEnvironment.h>
 #include <kova/system/KOVAFilePath.h>
 #include <kova/system/KOVAFloatUtil.h>

@@ -47,6 +47,9 @@ public:
 
     /// The key's number, to be read or changed; null when the key is not there. Lives until insert.
     std::int32_t* find(Key const& key) {
+        return const_cast<std::int32_t*>(static_cast<HashIndex const*>(this)->find(key));
+    }
+    std::int32_t const* find(Key const& key) const {
         ++lookups_;
         int const slot = probe(key, true);
         return slot >= 0 && used_[slot] ? &numbers_[slot] : nullptr;
@@ -121,7 +124,7 @@ private:
     Equal equal_;
     float loadFactor_ = 0.75F;
     std::int32_t count_ = 0;
-    std::uint32_t lookups_ = 0;
+    mutable std::uint32_t lookups_ = 0;
 };
 
 } // namespace kova::detail

@@ -55,8 +55,8 @@ bool formatPlain(char* buffer, std::size_t size, char const* format, std::va_lis
     return true;
 }
 
-/// Reads a finished text as a format without arguments: "%%" gives "%", and a conversion, having
-/// nothing to convert, stays as it stands.
+} // namespace
+
 void collapsePercentPairs(char* text) {
     char* out = std::strchr(text, '%');
     if (!out)
@@ -68,8 +68,6 @@ void collapsePercentPairs(char* text) {
     }
     *out = '\0';
 }
-
-} // namespace
 
 std::size_t formatBounded(char* buffer, std::size_t size, char const* format, std::va_list arguments) {
     std::va_list again;

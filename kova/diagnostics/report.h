@@ -32,6 +32,10 @@ constexpr std::size_t kMessageSize = 1024;
 /// Formats within `size` bytes and terminates, whatever the format. Returns the length.
 std::size_t formatBounded(char* buffer, std::size_t size, char const* format, std::va_list arguments) KOVA_PRINTF(3, 0);
 
+/// Reads a finished text as a format without arguments: "%%" gives "%", and a conversion, having
+/// nothing to convert, stays as it stands.
+void collapsePercentPairs(char* text);
+
 /// The finished text of one reporting call.
 class ReportText {
 public:

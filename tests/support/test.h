@@ -2,6 +2,7 @@
 
 // What every test of the library uses.
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -55,6 +56,25 @@ public:
     }
 
     std::vector<std::string> events;
+};
+
+/// An environment variable while it lives.
+class Variable {
+public:
+    explicit Variable(std::string name, std::string const& value = "") : name_(std::move(name)) {
+        if (!value.empty()) set(value);
+    }
+    ~Variable() { unset(); }
+#ifdef _WIN32
+    void set(std::string const& value) { _putenv_s(name_.c_str(), value.c_str()); }
+    void unset() { set(""); }
+#else
+    void set(std::string const& value) { setenv(name_.c_str(), value.c_str(), 1); }
+    void unset() { unsetenv(name_.c_str()); }
+#endif
+
+private:
+    std::string name_;
 };
 
 /// An empty folder below the current one while it lives. Names are made of '/'.

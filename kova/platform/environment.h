@@ -1,0 +1,13 @@
+#pragma once
+
+/// The process's environment variables, as the C runtime has them.
+namespace kova::detail {
+
+/// The block: entries "NAME=value" and a null pointer at the end. It lives until a variable is set.
+char const* const* environmentBlock() noexcept;
+
+/// Sets the variable of an entry "NAME=value", which is copied. An empty value sets an empty variable on
+/// POSIX systems, and takes the variable away on Windows. False when the system refuses.
+bool putEnvironmentEntry(char const* entry);
+
+} // namespace kova::detail
