@@ -40,6 +40,10 @@
 #include <kova/diagnostics/KOVATrace.h>
 #include <kova/diagnostics/KOVAVerbose.h>
 #include <kova/diagnostics/KOVAWarning.h>
+#include <kova/options/KOVACfgFile.h>
+#include <kova/options/KOVAOption.h>
+#include <kova/options/KOVAOptionName.h>
+#include <kova/options/KOVAOptions.h>
 #include <kova/options/KOVAProperties.h>
 #include <kova/options/KOVAValue.h>
 #include <kova/stream/Gk_IndexedInputStream.h>

@@ -4,6 +4,8 @@
 
 #include <kova/diagnostics/KOVAError.h>
 #include <kova/diagnostics/KOVAEventBus.h>
+#include <kova/diagnostics/KOVATrace.h>
+#include <kova/options/KOVAOption.h>
 #include <kova/stream/KOVAFileInputStream.h>
 #include <kova/stream/KOVAFileOutputStream.h>
 #include <kova/text/KOVAString.h>
@@ -14,6 +16,8 @@ const KOVAError KOVAError::FAIL_ERROR(0x01000001);
 
 KOVAFileInputStream KOVAFileInputStream::console;
 KOVAFileOutputStream KOVAFileOutputStream::console;
+
+KOVATrace KOVAOption::log("options");
 
 const KOVAString KOVAString::KOVA_YES("Yes");
 const KOVAString KOVAString::KOVA_NO("No");

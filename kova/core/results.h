@@ -7,7 +7,10 @@ namespace kova::detail {
 
 constexpr KOVIResult kSuccess(0x00000000);
 constexpr KOVIResult kFailure(0x01000001);
+constexpr KOVIResult kErrorEncountered(0x01000002);
+constexpr KOVIResult kEmptyOption(0x01000008); ///< a failure without a text of its own
 constexpr KOVIResult kInvalidObject(0x0100000A);
 constexpr KOVIResult kInvalidArgument(0x0100000B);
+constexpr KOVIResult kFileOpenError(0x0100000E);
 
 } // namespace kova::detail

@@ -15,9 +15,13 @@
 #include <kova/diagnostics/KOVADebug.h>
 #include <kova/platform/threads.h>
 #include <kova/text/conversion.h>
+#include <kova/text/fold.h>
 #include <kova/text/numbers.h>
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVAString) == 12);
+
+using kova::detail::LowerCase;
+using kova::detail::UpperCase;
 
 namespace {
 
@@ -70,39 +74,6 @@ bool sameUnits(Unit const* a, Unit const* b, int count) noexcept {
 template <class Number> int order(Number a, Number b) noexcept {
     return (a > b) - (a < b);
 }
-
-Unit mappedBy(std::wint_t (*function)(std::wint_t), Unit unit) noexcept {
-    unsigned long const result = function(unit);
-    return result <= 0xFFFFU ? static_cast<Unit>(result) : unit;
-}
-
-/// Case folding as the C runtime does it. Nearly all locales treat ASCII letters alike; one question
-/// tells, and spares a call for each unit.
-class LowerCase {
-public:
-    LowerCase() noexcept : plainAscii_(std::towlower(L'I') == L'i') {}
-    Unit operator()(Unit unit) const noexcept {
-        if (plainAscii_ && unit < 0x80)
-            return unit >= 'A' && unit <= 'Z' ? static_cast<Unit>(unit + ('a' - 'A')) : unit;
-        return mappedBy(&std::towlower, unit);
-    }
-
-private:
-    bool plainAscii_;
-};
-
-class UpperCase {
-public:
-    UpperCase() noexcept : plainAscii_(std::towupper(L'i') == L'I') {}
-    Unit operator()(Unit unit) const noexcept {
-        if (plainAscii_ && unit < 0x80)
-            return unit >= 'a' && unit <= 'z' ? static_cast<Unit>(unit - ('a' - 'A')) : unit;
-        return mappedBy(&std::towupper, unit);
-    }
-
-private:
-    bool plainAscii_;
-};
 
 int compareFolded(Unit const* a, int lengthA, Unit const* b, int lengthB) noexcept {
     LowerCase const lower;

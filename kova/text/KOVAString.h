@@ -139,6 +139,13 @@ public:
     static KOVAString valueOf(unsigned short const* data, int offset, int count);
 
 private:
+    friend class KOVAOptionName;
+    /// Shares a block that is never released, made when the program is compiled.
+    struct StaticUnits {
+        unsigned short* units;
+    };
+    constexpr explicit KOVAString(StaticUnits block) noexcept : units_(block.units), narrow_(nullptr) {}
+
     /// Takes over a block with its one reference.
     static KOVAString adopt(unsigned short* units) noexcept {
         KOVAString result;
