@@ -101,10 +101,8 @@ KOVIResult StlReader::unexpected(char const* wanted) {
     return failUnexpected(file_, atByte(words_.wordOffset()), word, wanted);
 }
 
-KOVIResult StlReader::expect(std::string_view word) {
-    if (words_.accept(word))
-        return kSuccess;
-    return unexpected(("\"" + std::string(word) + "\"").c_str());
+KOVIResult StlReader::unexpectedWord(std::string_view wanted) {
+    return unexpected(("\"" + std::string(wanted) + "\"").c_str());
 }
 
 KOVIResult StlReader::readVertex(Vertex& vertex) {
@@ -128,19 +126,19 @@ KOVIResult StlReader::readFacet(TriangleSink& sink) {
         if (words_.next().empty())
             result = unexpected("the normal");
     }
-    for (char const* const word : {"outer", "loop"}) {
-        if (result.IsSuccess())
-            result = expect(word);
-    }
+    if (result.IsSuccess())
+        result = expect("outer");
+    if (result.IsSuccess())
+        result = expect("loop");
     Vertex corners[3] = {};
     for (Vertex& corner : corners) {
         if (result.IsSuccess())
             result = readVertex(corner);
     }
-    for (char const* const word : {"endloop", "endfacet"}) {
-        if (result.IsSuccess())
-            result = expect(word);
-    }
+    if (result.IsSuccess())
+        result = expect("endloop");
+    if (result.IsSuccess())
+        result = expect("endfacet");
     if (result.IsSuccess())
         sink.triangle(corners[0], corners[1], corners[2]);
     return result;

@@ -6,6 +6,7 @@
 
 #include "ModelReader.h"
 #include "WordReader.h"
+#include "report.h"
 
 namespace translator {
 
@@ -24,7 +25,8 @@ private:
     KOVIResult readBinary(TriangleSink& sink);
     KOVIResult readAscii(TriangleSink& sink);
     KOVIResult readFacet(TriangleSink& sink);
-    KOVIResult expect(std::string_view word);
+    KOVIResult expect(std::string_view word) { return words_.accept(word) ? kSuccess : unexpectedWord(word); }
+    KOVIResult unexpectedWord(std::string_view wanted);
     KOVIResult readVertex(Vertex& vertex);
     KOVIResult readName(std::string& name);
     KOVIResult unexpected(char const* wanted);

@@ -6,34 +6,24 @@
 #include <kova/system/KOVAFloatUtil.h>
 
 #include "ModelReader.h"
-#include "characters.h"
 
 namespace translator {
-
-namespace {
-constexpr int kLongestWord = 256;
-}
 
 void WordReader::lookAhead(int count) {
     in_.take(static_cast<std::size_t>(at_ - begin_));
     std::string_view const view = in_.lookAhead(count);
-    begin_ = at_ = view.data();
+    begin_ = at_ = word_ = view.data();
     end_ = begin_ + view.size();
 }
 
-/// Goes to the next word and sees to it that all of it is in the block.
-void WordReader::findWord() {
-    for (;;) {
-        while (at_ != end_ && isSpace(*at_))
-            ++at_;
-        if (end_ - at_ > kLongestWord)
-            break;
-        bool const found = at_ != end_;
+void WordReader::findWordInNextBlock() {
+    while (at_ == end_) {
         lookAhead(kLongestWord + 1);
-        if (found || at_ == end_)
-            break;
+        if (at_ == end_)
+            return;
+        skipBlanks();
     }
-    wordOffset_ = in_.offset() + (at_ - begin_);
+    lookAhead(kLongestWord + 1);
 }
 
 char const* WordReader::wordEnd() const noexcept {
@@ -53,14 +43,11 @@ std::string_view WordReader::next() {
     return {begin, static_cast<std::size_t>(at_ - begin)};
 }
 
-bool WordReader::accept(std::string_view wanted) {
-    findWord();
-    std::size_t const left = static_cast<std::size_t>(end_ - at_);
-    if (left < wanted.size() || !equalsIgnoringCase({at_, wanted.size()}, wanted))
+bool WordReader::acceptAnyCase(std::string_view wanted) {
+    char const* const end = wordEnd();
+    if (!equalsIgnoringCase({at_, static_cast<std::size_t>(end - at_)}, wanted))
         return false;
-    if (left > wanted.size() && !isSpace(at_[wanted.size()]))
-        return false;
-    at_ += wanted.size();
+    at_ = end;
     return true;
 }
 
@@ -81,7 +68,7 @@ bool WordReader::restOfLine(std::string_view& text) {
         lookAhead(kReadBlock);
         end = std::find_if(at_, end_, isLineEnd);
     }
-    wordOffset_ = in_.offset() + (at_ - begin_);
+    word_ = at_;
     if (end == end_ && end_ - at_ == kReadBlock)
         return false;
     text = trimmed({at_, static_cast<std::size_t>(end - at_)});

@@ -18,14 +18,10 @@ inline bool isText(std::string_view bytes) noexcept {
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return isSpace(c) || isPrintable(c); });
 }
 
-inline char lower(char c) noexcept {
-    return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
-}
-
-/// `wanted` is in lower case.
+/// `wanted` is made of small letters.
 inline bool equalsIgnoringCase(std::string_view text, std::string_view wanted) noexcept {
     return text.size() == wanted.size() &&
-           std::equal(text.begin(), text.end(), wanted.begin(), [](char a, char b) { return lower(a) == b; });
+           std::equal(text.begin(), text.end(), wanted.begin(), [](char a, char b) { return (a | 0x20) == b; });
 }
 
 inline std::string_view trimmed(std::string_view text) noexcept {
