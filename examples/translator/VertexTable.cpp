@@ -21,8 +21,8 @@ std::uint32_t bits(float value) noexcept {
 
 VertexTable::VertexTable() : slots_(1024) {}
 
-/// Coordinates of a grid differ in few bits, and in high ones: multiplication carries them upwards only,
-/// so the upper half is folded down between the two, and the upper half is what counts.
+/// Coordinates of a grid differ in few bits, and those are high. A product carries bits upwards only, so the
+/// first one's upper half is folded down, and of the second one the upper half is used.
 std::size_t VertexTable::firstSlot(Vertex const& v) const noexcept {
     std::uint64_t hash = (std::uint64_t{bits(v.y)} << 32 | bits(v.x)) * 0x9E3779B97F4A7C15U;
     hash = (hash ^ hash >> 32 ^ bits(v.z)) * 0xD6E8FEB86659FD93U;
