@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 
 #include <kova/system/KOVAFloatUtil.h>
 
@@ -48,11 +49,15 @@ char const* readIndex(char const* at, char const* end, long long& index) noexcep
     return result.ec == std::errc() && index != 0 ? result.ptr : nullptr;
 }
 
-/// What may follow the vertex of a corner: "/texture", "/texture/normal" or "//normal", which are checked and
-/// left out. Null for anything else.
-char const* skipOtherIndexes(char const* at, char const* end) noexcept {
-    long long ignored = 0;
+/// A corner's vertex. What may follow it, "/texture", "/texture/normal" or "//normal", is checked and left out.
+/// Returns the end; null where there is no corner.
+char const* readCorner(char const* begin, char const* end, long long& vertex) noexcept {
+    auto const result = std::from_chars(begin, end, vertex);
+    if (result.ec != std::errc())
+        return nullptr;
+    char const* at = result.ptr;
     if (at != end && *at == '/') {
+        long long ignored = 0;
         ++at;
         if (at == end || *at != '/')
             at = readIndex(at, end, ignored);
@@ -88,36 +93,30 @@ KOVIResult ObjReader::readVertex(std::string_view numbers) {
     return kSuccess;
 }
 
-KOVIResult ObjReader::readCorner(std::string_view& corners, Vertex& vertex) {
-    char const* const end = corners.data() + corners.size();
-    long long index = 0;
-    auto const number = std::from_chars(corners.data(), end, index);
-    char const* const stop = number.ec == std::errc() ? skipOtherIndexes(number.ptr, end) : nullptr;
-    if (!stop)
-        return unexpected(corners, "a corner");
-    long long const count = static_cast<long long>(vertices_.size());
-    if (index == 0 || index > count || index < -count)
-        return fail(kInvalidFile, file_, atLine(lines_.number()), "there is no vertex %lld; %lld are defined so far",
-                    index, count);
-    takeTo(corners, stop);
-    vertex = vertices_[static_cast<std::size_t>(index > 0 ? index - 1 : count + index)];
-    return kSuccess;
-}
-
 KOVIResult ObjReader::readFace(std::string_view corners, TriangleSink& sink) {
-    Vertex first{};
-    Vertex last{};
+    char const* const end = corners.data() + corners.size();
+    std::uint64_t const count = vertices_.size();
+    Vertex const* first = nullptr;
+    Vertex const* last = nullptr;
     int known = 0;
     for (; !isDone(corners); ++known) {
-        Vertex corner{};
-        KOVIResult const result = readCorner(corners, corner);
-        if (result.IsFailure())
-            return result;
+        long long index = 0;
+        char const* const stop = readCorner(corners.data(), end, index);
+        if (!stop)
+            return unexpected(corners, "a corner");
+        // Negative ones count back from the latest; 0 and what is out of range come out too large.
+        std::uint64_t const number = static_cast<std::uint64_t>(index);
+        std::uint64_t const at = index > 0 ? number - 1 : number + count;
+        if (at >= count)
+            return fail(kInvalidFile, file_, atLine(lines_.number()), "there is no vertex %lld; %zu are defined so far",
+                        index, vertices_.size());
+        Vertex const* const corner = &vertices_[static_cast<std::size_t>(at)];
         if (known == 0)
             first = corner;
         else if (known > 1)
-            sink.triangle(first, last, corner);
+            sink.triangle(*first, *last, *corner);
         last = corner;
+        takeTo(corners, stop);
     }
     if (known < 3)
         return fail(kInvalidFile, file_, atLine(lines_.number()), "a face with %d corners", known);

@@ -27,7 +27,6 @@ private:
     KOVIResult readVertex(std::string_view numbers);
     KOVIResult readFace(std::string_view corners, TriangleSink& sink);
     static void readName(std::string_view name, TriangleSink& sink);
-    KOVIResult readCorner(std::string_view& corners, Vertex& vertex);
     KOVIResult unexpected(std::string_view statement, char const* wanted);
 
     KOVABlockReader in_;

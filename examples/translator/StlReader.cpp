@@ -83,8 +83,10 @@ KOVIResult StlReader::readBinary(TriangleSink& sink) {
             return fail(kInvalidFile, file_, atByte(in_.offset() + static_cast<long long>(facet.size())),
                         "the file cannot be read to its end");
         float corner[9];
-        for (int k = 0; k < 9; ++k)
-            corner[k] = floatAt(facet.data() + 12 + 4 * k);
+        for (int k = 0; k < 9; ++k) {
+            int const at = 12 + 4 * k;
+            corner[k] = floatAt(facet.data() + at);
+        }
         float const* const bad = std::find_if_not(corner, corner + 9, isFinite);
         if (bad != corner + 9)
             return fail(kInvalidFile, file_, atByte(in_.offset() + 12 + 4 * (bad - corner)),
