@@ -1,7 +1,6 @@
 #include "OutputFile.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
 #include <system_error>
 
@@ -9,10 +8,17 @@
 
 namespace translator {
 
-std::string systemName(char const* name) {
-    std::string result(name);
-    std::replace(result.begin(), result.end(), '\\', '/');
-    return result;
+std::filesystem::path systemPath(char const* name) {
+    using Unit = std::filesystem::path::value_type;
+    if constexpr (sizeof(Unit) == 1) {
+        std::string text(name);
+        std::replace(text.begin(), text.end(), '\\', '/');
+        return text;
+    } else {
+        KOVAString const text = KOVAFilePath(name).GetPath();
+        unsigned short const* const units = text;
+        return std::basic_string<Unit>(units, units + text.length());
+    }
 }
 
 OutputFile::OutputFile(char const* name)
@@ -28,9 +34,9 @@ OutputFile::~OutputFile() {
 
 void OutputFile::remove() {
     std::error_code error;
-    std::filesystem::path const target = std::filesystem::canonical(systemName(name_), error);
+    std::filesystem::path const target = std::filesystem::canonical(systemPath(name_), error);
     if (!error && std::filesystem::is_regular_file(target, error))
-        KOVAFilePath(target.string().c_str()).RemoveFile();
+        std::filesystem::remove(target, error);
 }
 
 void OutputFile::write(char const* const buffer, int count) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdio>
+#include <filesystem>
 #include <memory>
-#include <string>
 #include <string_view>
 
 #include <kova/stream/KOVAFileDescriptor.h>
@@ -15,8 +15,8 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-/// The name as the standard library's file operations take it.
-std::string systemName(char const* name);
+/// The name as the standard library's file operations take it: in the system's own encoding.
+std::filesystem::path systemPath(char const* name);
 
 /// A new binary file that is removed again unless it is kept. (The file itself where the name is a link to
 /// it, and never a device.) It counts what the system takes, and is silent about what it refuses.

@@ -63,6 +63,9 @@ bool StlReader::isAscii() {
 }
 
 KOVIResult StlReader::readBinary(TriangleSink& sink) {
+    if (size_ < 0)
+        return fail(kInvalidFile, file_, kNowhere,
+                    "binary STL is read from a file that tells its size, not from a pipe");
     std::string_view const header = in_.lookAhead(kStlHeaderSize);
     if (header.size() < kStlHeaderSize)
         return fail(kInvalidFile, file_, atByte(static_cast<long long>(header.size())),

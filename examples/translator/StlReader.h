@@ -13,7 +13,7 @@ namespace translator {
 /// Reads binary and ASCII STL, whichever the file is. Normals are not looked at: the corners tell them better.
 class StlReader : public ModelReader {
 public:
-    /// `size` is the stream's length in bytes.
+    /// `size` is the stream's length in bytes, negative where it is not known.
     StlReader(KOVAInputStream& stream, long long size, char const* file)
         : in_(stream, kReadBlock), words_(in_), size_(size), file_(file) {}
 

@@ -41,7 +41,7 @@ std::unique_ptr<ModelReader> makeReader(KOVAInputStream& stream, long long size,
 
 bool isSameFile(char const* a, char const* b) {
     std::error_code error; // where one of them is not there, say
-    return std::filesystem::equivalent(systemName(a), systemName(b), error);
+    return std::filesystem::equivalent(systemPath(a), systemPath(b), error);
 }
 
 void report(char const* input, ModelReader const& reader, char const* output, TriangleSink const& writer) {
