@@ -90,7 +90,8 @@ def main():
     parser.add_argument("--triangles", type=int, default=2000000)
     parser.add_argument("--repetitions", type=int, default=5)
     options = parser.parse_args()
-    with tempfile.TemporaryDirectory() as name:
+    # Beside the programs: the models take more than a gigabyte, which not every folder for such things has.
+    with tempfile.TemporaryDirectory(dir=options.directory) as name:
         folder = pathlib.Path(name)
         Models(folder / "small", options.directory, 5000).check(options.translator)
         whole = Models(folder / "whole", options.directory, options.triangles)
