@@ -1,6 +1,7 @@
 // The least that converts between STL and OBJ, as one writes it by hand for files known to be good: what the
 // sample translator is measured against. It uses nothing of the library.
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -315,7 +316,8 @@ template <class Sink> void convert(std::string const& input, Sink&& sink) {
 
 /// A torus with bumps of about that many triangles: a closed surface whose coordinates use all their bits.
 void generate(std::size_t triangles, std::string const& name) {
-    std::size_t const around = static_cast<std::size_t>(std::sqrt(static_cast<double>(triangles) / 2));
+    std::size_t const around =
+        std::max<std::size_t>(1, static_cast<std::size_t>(std::sqrt(static_cast<double>(triangles) / 2)));
     std::size_t const along = triangles / 2 / around;
     auto const point = [&](std::size_t i, std::size_t k) {
         double const u = 6.283185307179586 * static_cast<double>(i % along) / static_cast<double>(along);
