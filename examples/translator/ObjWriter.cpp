@@ -1,58 +1,64 @@
 #include "ObjWriter.h"
 
-#include <charconv>
+#include "numbers.h"
 
 namespace translator {
 
-namespace {
-constexpr std::size_t kBlockSize = 65536;
+void ObjWriter::reserve(std::size_t triangles) {
+    faces_.reserve(triangles);
+    // A closed surface has half as many vertices as triangles.
+    table_.reserve(triangles / 2 + 2);
 }
 
-template <class Number> void ObjWriter::add(Number value) {
-    char digits[32];
-    auto const result = std::to_chars(digits, digits + sizeof digits, value);
-    block_ += ' ';
-    block_.append(digits, result.ptr);
+void ObjWriter::dropEmptyPart() {
+    if (!parts_.empty() && parts_.back().firstFace == faces_.size())
+        parts_.pop_back();
 }
 
-void ObjWriter::add(Vertex const& vertex) {
-    block_ += 'v';
-    add(vertex.x);
-    add(vertex.y);
-    add(vertex.z);
-    block_ += '\n';
+void ObjWriter::part(std::string_view name) {
+    dropEmptyPart();
+    parts_.push_back({std::string(name), faces_.size()});
 }
 
-void ObjWriter::add(Mesh::Triangle const& triangle) {
-    block_ += 'f';
-    for (std::uint32_t const vertex : triangle)
-        add(std::uint64_t{vertex} + 1);
-    block_ += '\n';
+void ObjWriter::add(Vertex const& a, Vertex const& b, Vertex const& c) {
+    std::uint32_t const first = table_.add(a);
+    std::uint32_t const second = table_.add(b);
+    faces_.push_back({first, second, table_.add(c)});
 }
 
-void ObjWriter::flush() {
-    stream_.write(block_.data(), static_cast<int>(block_.size()));
-    bytes_ += static_cast<std::int64_t>(block_.size());
-    block_.clear();
-}
-
-void ObjWriter::flushWhenFull() {
-    if (block_.size() >= kBlockSize)
-        flush();
-}
-
-void ObjWriter::write(Mesh const& mesh) {
-    block_.reserve(kBlockSize + 256);
-    for (Vertex const& vertex : mesh.vertices()) {
-        add(vertex);
-        flushWhenFull();
+void ObjWriter::writeFaces(std::size_t begin, std::size_t end) {
+    for (std::size_t i = begin; i < end; ++i) {
+        Face const& face = faces_[i];
+        char* to = put(out_.room(kLongestRecord), "f");
+        to = putNumber(putNumber(putNumber(to, face[0]), face[1]), face[2]);
+        out_.use(put(to, "\n"));
     }
-    for (Mesh::Triangle const& triangle : mesh.triangles()) {
-        add(triangle);
-        flushWhenFull();
+}
+
+void ObjWriter::writeName(std::string_view name) {
+    out_.write(name.empty() ? "o" : "o ");
+    out_.write(name);
+    // A backslash at the end would continue the line.
+    out_.write(!name.empty() && name.back() == '\\' ? " \n" : "\n");
+}
+
+void ObjWriter::finish() {
+    dropEmptyPart();
+    for (Vertex const& vertex : table_.vertices())
+        out_.use(putVertex(out_.room(kLongestRecord), "v", vertex));
+    for (std::size_t i = 0; i < parts_.size(); ++i) {
+        bool const isLast = i + 1 == parts_.size();
+        // What has no name does not belong to the part before.
+        if (!parts_[i].name.empty() || (i > 0 && !parts_[i - 1].name.empty()))
+            writeName(parts_[i].name);
+        writeFaces(parts_[i].firstFace, isLast ? faces_.size() : parts_[i + 1].firstFace);
     }
-    flush();
-    stream_.flush();
+    out_.flush();
+}
+
+std::string ObjWriter::description() const {
+    return "OBJ, " + std::to_string(faces_.size()) + " faces, " + std::to_string(table_.vertices().size()) +
+           " vertices";
 }
 
 } // namespace translator

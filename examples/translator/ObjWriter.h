@@ -1,35 +1,49 @@
 #pragma once
 
-#include <cstddef>
+#include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
-#include <kova/stream/KOVAOutputStream.h>
+#include <kova/stream/KOVABlockWriter.h>
 
-#include "Mesh.h"
+#include "TriangleSink.h"
+#include "VertexTable.h"
 
 namespace translator {
 
-/// Writes a mesh as OBJ: shared vertices with the fewest digits that keep each coordinate exactly, then
-/// triangles.
-class ObjWriter {
+/// Writes OBJ: shared vertices with the fewest digits that keep each coordinate exactly, then triangles,
+/// each named part's behind its name.
+class ObjWriter : public TriangleSink {
 public:
-    explicit ObjWriter(KOVAOutputStream& stream) : stream_(stream) {}
+    explicit ObjWriter(KOVAOutputStream& stream) : out_(stream) {}
 
-    void write(Mesh const& mesh);
-    /// Bytes handed to the stream.
-    std::int64_t bytes() const noexcept { return bytes_; }
+    void reserve(std::size_t triangles) override;
+    void part(std::string_view name) override;
+    void finish() override;
+    std::string description() const override;
+    std::optional<std::size_t> vertices() const override { return table_.vertices().size(); }
+    long long bytes() const noexcept override { return out_.offset(); }
+
+protected:
+    void add(Vertex const& a, Vertex const& b, Vertex const& c) override;
 
 private:
-    void add(Vertex const& vertex);
-    void add(Mesh::Triangle const& triangle);
-    template <class Number> void add(Number value);
-    void flush();
-    void flushWhenFull();
+    using Face = std::array<std::uint32_t, 3>;
 
-    KOVAOutputStream& stream_;
-    std::string block_;
-    std::int64_t bytes_ = 0;
+    struct Part {
+        std::string name;
+        std::size_t firstFace;
+    };
+
+    void dropEmptyPart();
+    void writeName(std::string_view name);
+    void writeFaces(std::size_t begin, std::size_t end);
+
+    KOVABlockWriter out_;
+    VertexTable table_;
+    std::vector<Face> faces_;
+    std::vector<Part> parts_{{"", 0}};
 };
 
 } // namespace translator

@@ -1,47 +1,41 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
-#include <string_view>
 
-#include <kova/core/KOVIResult.h>
 #include <kova/stream/KOVAInputStream.h>
 
-#include "BlockReader.h"
-#include "Mesh.h"
+#include "ModelReader.h"
+#include "WordReader.h"
+#include "report.h"
 
 namespace translator {
 
-/// Reads binary and ASCII STL, whichever the file is. Every fault is reported once, with the file's name
-/// and the place, and ends the reading with "Invalid file".
-class StlReader {
+/// Reads binary and ASCII STL, whichever the file is. Normals are not looked at: the corners tell them better.
+class StlReader : public ModelReader {
 public:
-    /// `size` is the stream's length in bytes.
-    StlReader(KOVAInputStream& stream, std::int64_t size, char const* file);
+    /// `size` is the stream's length in bytes, negative where it is not known.
+    StlReader(KOVAInputStream& stream, long long size, char const* file)
+        : in_(stream, kReadBlock), words_(in_), size_(size), file_(file) {}
 
-    KOVIResult read(Mesh& mesh);
-    /// "binary" or "ASCII", once read.
-    char const* encoding() const noexcept { return encoding_; }
+    KOVIResult read(TriangleSink& sink) override;
+    std::string description(TriangleSink const& sink) const override;
 
 private:
     bool isAscii();
-    KOVIResult readBinary(Mesh& mesh);
-    KOVIResult readAscii(Mesh& mesh);
-    KOVIResult readFacet(Mesh& mesh);
-    /// The next word in lower case; empty at the end. word_ is valid until the next call.
-    std::string_view nextWord();
-    void skipLine();
-    KOVIResult expect(std::string_view wanted);
-    KOVIResult readNumber(float& value);
+    KOVIResult readBinary(TriangleSink& sink);
+    KOVIResult readAscii(TriangleSink& sink);
+    KOVIResult readFacet(TriangleSink& sink);
+    KOVIResult expect(std::string_view word) { return words_.accept(word) ? kSuccess : unexpectedWord(word); }
+    KOVIResult unexpectedWord(std::string_view wanted);
     KOVIResult readVertex(Vertex& vertex);
+    KOVIResult readName(std::string& name);
     KOVIResult unexpected(char const* wanted);
 
-    BlockReader in_;
-    std::int64_t size_;
+    KOVABlockReader in_;
+    WordReader words_;
+    long long size_;
     char const* file_;
     char const* encoding_ = "";
-    std::string word_;
-    std::int64_t wordOffset_ = 0;
 };
 
 } // namespace translator

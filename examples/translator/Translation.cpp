@@ -1,119 +1,103 @@
 #include "Translation.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <exception>
 #include <filesystem>
 #include <memory>
-#include <string>
 #include <system_error>
 
 #include <kova/core/Gk_Exception.h>
 #include <kova/stream/KOVAFileInputStream.h>
-#include <kova/stream/KOVAFileOutputStream.h>
 #include <kova/system/KOVAFilePath.h>
 
-#include "Mesh.h"
+#include "ObjReader.h"
 #include "ObjWriter.h"
+#include "OutputFile.h"
 #include "StlReader.h"
+#include "StlWriter.h"
 #include "report.h"
 
 namespace translator {
 
 namespace {
 
-struct CloseFile {
-    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
+enum class Format { Obj, BinaryStl, AsciiStl };
 
-KOVIResult read(char const* input, Mesh& mesh) {
-    File const file(KOVAFilePath(input).OpenFile(KOVAString("rb")));
-    if (!file) {
-        int const error = errno;
-        return fail(error == ENOENT ? kFileNotFound : kFileOpenError, input, -1, "cannot be opened: %s",
-                    std::strerror(error));
+std::unique_ptr<TriangleSink> makeWriter(Format format, OutputFile& file) {
+    switch (format) {
+    case Format::Obj: return std::make_unique<ObjWriter>(file);
+    case Format::AsciiStl: return std::make_unique<AsciiStlWriter>(file);
+    case Format::BinaryStl: break;
     }
-    KOVAFileDescriptorHandle const descriptor(new KOVAFileDescriptor(file.get(), KOVAFileDescriptor::Read));
-    KOVAFileInputStream stream(file.get());
-    StlReader reader(stream, descriptor->fileSize(), input);
-    KOVIResult const result = reader.read(mesh);
-    if (result.IsFailure())
-        return result;
-    Mesh::Box const box = mesh.boundingBox();
-    inform(input, "%s STL, %zu triangles, %zu vertices", reader.encoding(), mesh.triangles().size(),
-           mesh.vertices().size());
-    inform(input, "bounding box (%g, %g, %g) to (%g, %g, %g)", static_cast<double>(box.low.x),
-           static_cast<double>(box.low.y), static_cast<double>(box.low.z), static_cast<double>(box.high.x),
-           static_cast<double>(box.high.y), static_cast<double>(box.high.z));
-    return result;
+    return std::make_unique<BinaryStlWriter>(file);
 }
 
-/// A file that is removed again unless it is finished. (The file itself where the name is a link to it,
-/// and never a device.)
-class Output {
-public:
-    explicit Output(char const* name) : name_(name), file_(KOVAFilePath(name).OpenFile(KOVAString("wb"))) {}
-    Output(Output const&) = delete;
-    Output& operator=(Output const&) = delete;
-    ~Output() {
-        if (file_)
-            discard();
-    }
+std::unique_ptr<ModelReader> makeReader(KOVAInputStream& stream, long long size, char const* name) {
+    if (KOVAFilePath(name).HasExtension("obj"))
+        return std::make_unique<ObjReader>(stream, size, name);
+    return std::make_unique<StlReader>(stream, size, name);
+}
 
-    std::FILE* file() const noexcept { return file_.get(); }
-    /// Closes and keeps it; false when the system could not write what it had taken.
-    bool finish() { return std::fclose(file_.release()) == 0; }
-    void discard() {
-        file_.reset();
-        std::string name(name_);
-        std::replace(name.begin(), name.end(), '\\', '/');
-        std::error_code error;
-        std::filesystem::path const target = std::filesystem::canonical(name, error);
-        if (!error && std::filesystem::is_regular_file(target, error))
-            KOVAFilePath(target.string().c_str()).RemoveFile();
-    }
+bool isSameFile(char const* a, char const* b) {
+    std::error_code error; // where one of them is not there, say
+    return std::filesystem::equivalent(systemPath(a), systemPath(b), error);
+}
 
-private:
-    char const* name_;
-    File file_;
-};
+void report(char const* input, ModelReader const& reader, char const* output, TriangleSink const& writer) {
+    Box const box = writer.boundingBox();
+    // What is added makes 0 of -0.
+    auto const shown = [](float coordinate) { return static_cast<double>(coordinate) + 0.0; };
+    inform(input, "%s", reader.description(writer).c_str());
+    inform(input, "bounding box (%g, %g, %g) to (%g, %g, %g)", shown(box.low.x), shown(box.low.y), shown(box.low.z),
+           shown(box.high.x), shown(box.high.y), shown(box.high.z));
+    inform(output, "%s, %lld bytes", writer.description().c_str(), writer.bytes());
+}
 
-KOVIResult write(Mesh const& mesh, char const* name) {
-    Output output(name);
-    if (!output.file())
-        return fail(kFileOpenError, name, -1, "cannot be created: %s", std::strerror(errno));
-    KOVAFileDescriptorHandle const descriptor(new KOVAFileDescriptor(output.file(), KOVAFileDescriptor::Write));
-    bool const tellsPosition = descriptor->offset(0) == 0; // a pipe does not
-    KOVAFileOutputStream stream(output.file());
-    ObjWriter writer(stream);
-    writer.write(mesh);
-    long long const wanted = writer.bytes();
-    long long const written = tellsPosition ? descriptor->offset(0) : wanted;
-    if (written != wanted || !output.finish()) {
-        output.discard();
-        return fail(kFileSaveError, name, written, "only %lld of %lld bytes could be written; is the disk full?",
-                    written, wanted);
-    }
-    inform(name, "OBJ, %zu faces, %zu vertices, %lld bytes", mesh.triangles().size(), mesh.vertices().size(), written);
-    return mesh.triangles().empty() ? kNoEntity : kSuccess;
+/// From the opened input to the output, which is created here: a fault in the input's name costs no
+/// earlier output.
+KOVIResult translate(std::FILE* inputFile, char const* input, char const* output, Format format) {
+    KOVAFileDescriptorHandle const descriptor(new KOVAFileDescriptor(inputFile, KOVAFileDescriptor::Read));
+    KOVAFileInputStream stream(inputFile);
+    OutputFile file(output);
+    if (!file.isOpen())
+        return fail(kFileOpenError, output, kNowhere, "cannot be created: %s", std::strerror(errno));
+    if (format == Format::BinaryStl && !file.canBePositioned())
+        return fail(kFileOpenError, output, kNowhere,
+                    "binary STL needs a file, not a pipe or a device; write ASCII (--ascii) or OBJ instead");
+    std::unique_ptr<ModelReader> const reader = makeReader(stream, descriptor->fileSize(), input);
+    std::unique_ptr<TriangleSink> const writer = makeWriter(format, file);
+    KOVIResult const result = reader->read(*writer);
+    if (result.IsFailure())
+        return result;
+    writer->finish();
+    if (!file.keep())
+        return fail(kFileSaveError, output, atByte(file.size()),
+                    "only %lld of %lld bytes could be written; is the disk full?", file.size(), writer->bytes());
+    report(input, *reader, output, *writer);
+    return writer->triangles() == 0 ? kNoEntity : kSuccess;
 }
 
 } // namespace
 
-KOVIResult translate(char const* input, char const* output) {
-    if (!KOVAFilePath(output).HasExtension("obj"))
-        return fail(kInvalidArgument, output, -1, "not a format that can be written; name a file that ends in .obj");
+KOVIResult translate(char const* input, char const* output, StlEncoding encoding) {
+    bool const toObj = KOVAFilePath(output).HasExtension("obj");
+    if (!toObj && !KOVAFilePath(output).HasExtension("stl"))
+        return fail(kInvalidArgument, output, kNowhere,
+                    "not a format that can be written; name a file that ends in .obj or .stl");
+    Format const format = toObj ? Format::Obj : encoding == StlEncoding::Ascii ? Format::AsciiStl : Format::BinaryStl;
+    if (isSameFile(input, output))
+        return fail(kInvalidArgument, output, kNowhere, "is the input too; name another file to write");
     try {
-        Mesh mesh;
-        KOVIResult result = read(input, mesh);
-        if (result.IsSuccess())
-            result = write(mesh, output);
-        return result;
+        File const file(KOVAFilePath(input).OpenFile(KOVAString("rb")));
+        if (!file) {
+            int const error = errno;
+            return fail(error == ENOENT ? kFileNotFound : kFileOpenError, input, kNowhere, "cannot be opened: %s",
+                        std::strerror(error));
+        }
+        return translate(file.get(), input, output, format);
     } catch (std::exception const& e) {
-        return fail(kUnexpectedError, input, -1, "%s", e.what());
+        return fail(kUnexpectedError, input, kNowhere, "%s", e.what());
     } catch (Gk_Exception const&) {
         return kUnexpectedError; // it was reported when it was raised
     }

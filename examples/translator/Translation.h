@@ -4,8 +4,12 @@
 
 namespace translator {
 
-/// Translates the STL file `input` to the OBJ file `output`, and reports what was read and written as
-/// messages. A failure is reported as one error and leaves no output file behind.
-KOVIResult translate(char const* input, char const* output);
+/// How STL is written; OBJ is always text.
+enum class StlEncoding { Binary, Ascii };
+
+/// Translates a file: OBJ where its name ends in ".obj", else STL, to OBJ or STL by the name of `output`.
+/// Reports what was read and written as messages. A failure is reported as one error and leaves no output
+/// file behind.
+KOVIResult translate(char const* input, char const* output, StlEncoding encoding = StlEncoding::Binary);
 
 } // namespace translator

@@ -1,11 +1,14 @@
 #include "report.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <string>
 
 #include <kova/diagnostics/KOVAError.h>
 #include <kova/diagnostics/KOVAInfo.h>
+
+#include "characters.h"
 
 namespace translator {
 
@@ -29,14 +32,29 @@ std::string protectedPercents(std::string const& text) {
 
 } // namespace
 
-KOVIResult fail(KOVIResult result, char const* file, std::int64_t byteOffset, char const* format, ...) {
+KOVIResult fail(KOVIResult result, char const* file, Place place, char const* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
     std::string text = std::string(file) + ": " + formatted(format, arguments);
     va_end(arguments);
-    if (byteOffset >= 0)
-        text += " (byte offset " + std::to_string(byteOffset) + ")";
+    if (place.kind != Place::Nowhere)
+        text += (place.kind == Place::Line ? " (line " : " (byte offset ") + std::to_string(place.number) + ")";
     KOVAError::Printf("%s", protectedPercents(text).c_str());
+    return result;
+}
+
+KOVIResult failUnexpected(char const* file, Place place, std::string_view word, char const* wanted) {
+    if (word.empty())
+        return fail(kInvalidFile, file, place, "the %s breaks off where %s should follow",
+                    place.kind == Place::Line ? "line" : "file", wanted);
+    return fail(kInvalidFile, file, place, "\"%s\" where %s should follow", printable(word.substr(0, 40)).c_str(),
+                wanted);
+}
+
+std::string printable(std::string_view text) {
+    std::string result(text);
+    std::replace_if(
+        result.begin(), result.end(), [](char c) { return c != '\t' && !isPrintable(c); }, '?');
     return result;
 }
 

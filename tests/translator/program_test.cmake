@@ -22,7 +22,13 @@ if(NOT count EQUAL 4512)
   message(FATAL_ERROR "${count} faces in bearing.obj")
 endif()
 
+expect_run(0 "^bearing.obj: OBJ, 4512 faces, 4512 triangles, 2246 vertices\n.*back.stl: ASCII STL, 4512 triangles" "^$"
+  --ascii bearing.obj back.stl)
+expect_run(0 "^back.stl: ASCII STL, 4512 triangles\n.*again.stl: binary STL, 4512 triangles, 225684 bytes\n" "^$"
+  back.stl again.stl)
+
 expect_run(13 "^$" "^Error : none.stl: cannot be opened: No such file or directory\n$" none.stl none.obj)
 expect_run(11 "^$" "^Error : two file names are wanted\nusage: " flanged-bearing.stl)
-expect_run(0 "^usage: kova-translate INPUT.stl OUTPUT.obj\n" "^$" --help)
+expect_run(11 "^$" "^Error : --x%s: no such option\nusage: " flanged-bearing.stl --x%s out.obj)
+expect_run(0 "^usage: kova-translate INPUT OUTPUT " "^$" --help)
 expect_run(0 "^kova-translate [0-9]+\\.[0-9]+\\.[0-9]+\n$" "^$" --version)

@@ -1,12 +1,17 @@
 #include "Translation.h"
 
+#include <cmath>
 #include <cstdint>
+#include <cstring>
 
 #include "support/test.h"
 
 #ifndef _WIN32
 #  include <csignal>
+#  include <fcntl.h>
 #  include <sys/resource.h>
+#  include <sys/stat.h>
+#  include <unistd.h>
 #endif
 
 namespace {
@@ -35,13 +40,32 @@ std::string facet(char const* a, char const* b, char const* c) {
 std::vector<Corners> const kSquare = {{0, 0, 0, 1, 0, 0, 0, 1.5F, 0}, {1, 0, -0.0F, 1, 1.5F, 0, -0.0F, 1.5F, 0}};
 constexpr char kSquareObj[] = "v 0 0 0\nv 1 0 0\nv 0 1.5 0\nv 1 1.5 0\nf 1 2 3\nf 2 4 3\n";
 
+/// The bits of all corners of a binary file, which must be as long as it says.
+std::string corners(std::string const& file) {
+    std::uint32_t count = 0;
+    std::memcpy(&count, file.data() + 80, sizeof count);
+    EXPECT_EQ(file.size(), 84 + 50 * std::size_t{count});
+    EXPECT_NE(file.substr(0, 5), "solid");
+    std::string all;
+    for (std::size_t at = 84; at < file.size(); at += 50) all += file.substr(at + 12, 36);
+    return all;
+}
+
 class Translator : public testing::Test {
 protected:
-    /// Translates contents; returns the result's number.
-    unsigned run(std::string const& contents) {
+    /// Translates a file of the folder to another, in ASCII where the new name begins with "ascii"; returns
+    /// the result's number.
+    unsigned translate(std::string const& from, std::string const& to) {
         events_.events.clear();
-        return translator::translate(folder.write("in.stl", contents).c_str(), folder.path("out.obj").c_str())
+        bool const ascii = to.rfind("ascii", 0) == 0;
+        return translator::translate(folder.path(from).c_str(), folder.path(to).c_str(),
+                                     ascii ? translator::StlEncoding::Ascii : translator::StlEncoding::Binary)
             .GetReturnCode();
+    }
+    /// Translates contents to "out.obj".
+    unsigned run(std::string const& contents, std::string const& name = "in.stl") {
+        folder.write(name, contents);
+        return translate(name, "out.obj");
     }
     std::string output() const { return folder.read("out.obj"); }
     /// The one error that was reported; what was reported otherwise.
@@ -50,6 +74,21 @@ protected:
         for (std::string const& event : events_.events) all += event;
         return events_.events.size() == 1 && all.rfind("80 Error : ", 0) == 0 ? all.substr(11)
                                                                               : "not one error: " + all;
+    }
+    /// Goes through formats and back to binary STL; the corners must come out as they went in.
+    void expectKept(std::string const& contents) {
+        std::string const wanted = corners(contents);
+        for (Texts const& formats :
+             {Texts{"a.obj"}, {"ascii.stl"}, {"a.stl", "A.OBJ", "ascii.stl", "b.obj", "c.obj"}}) {
+            std::string name = "in.stl";
+            folder.write(name, contents);
+            for (std::string const& next : formats) {
+                EXPECT_EQ(translate(name, next), 0U);
+                name = next;
+            }
+            EXPECT_EQ(translate(name, "back.stl"), 0U);
+            EXPECT_TRUE(corners(folder.read("back.stl")) == wanted) << formats[0];
+        }
     }
 
     test::Folder folder{"translations"};
@@ -65,22 +104,147 @@ TEST_F(Translator, WeldsExactlyEqualCorners) {
     // A header that begins like ASCII changes nothing.
     EXPECT_EQ(run(binary("solid facet normal", kSquare)), 0U);
     EXPECT_EQ(output(), kSquareObj);
+    // A vertex keeps the bits of its first corner.
+    EXPECT_EQ(run(binary("", {{-0.0F, 0, 1, 0, -0.0F, 1, 0, 0, 1}})), 0U);
+    EXPECT_EQ(output(), "v -0 0 1\nf 1 1 1\n");
 }
 
 TEST_F(Translator, ReadsAscii) {
     std::string const first = facet("0 0 0", "1 0 0", "0 1.5 0");
     std::string const second = facet("1.0e0 0 -0", "+1 1500E-3 1e-60", "0 1.5 0");
-    EXPECT_EQ(run("solid a name facet\n" + first + second + "endsolid a name\n"), 0U);
+    EXPECT_EQ(run("solid\n" + first + second + "endsolid a name\n"), 0U);
     EXPECT_EQ(output(), kSquareObj);
     EXPECT_EQ(run("  SOLID\r\n" + first + "ENDSOLID\r\nsolid\n" + second + "endsolid"), 0U);
     EXPECT_EQ(output(), kSquareObj);
     EXPECT_EQ(run("solid nothing\nendsolid nothing\n"), 0U); // "No Entity to Translate"
     EXPECT_EQ(output(), "");
-    // More than one block of the reader.
-    std::string many = "solid\n";
-    for (int i = 0; i < 3000; ++i) many += first;
-    EXPECT_EQ(run(many + "endsolid\n"), 0U);
-    EXPECT_EQ(output().size(), 3 * 8U + 3000 * 8U + 2U);
+}
+
+TEST_F(Translator, TheSampleComesBack) {
+    std::ifstream in(KOVA_SAMPLE, std::ios::binary);
+    expectKept({std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()});
+}
+
+TEST_F(Translator, EveryFloatComesBack) {
+    // More than a few blocks of every format, so that lines and words lie across their ends.
+    std::vector<Corners> triangles = {
+        {1e-45F, -1.17549421e-38F, 3.40282347e38F, 0.1F, 16777217.0F, -1e38F, 1.0F / 3, 8388608.5F, -7e-10F}};
+    std::uint32_t bits = 1;
+    while (triangles.size() < 9000) {
+        Corners next;
+        while (next.size() < 9) {
+            float value;
+            bits = bits * 1664525U + 1013904223U;
+            std::memcpy(&value, &bits, sizeof value);
+            if (std::isfinite(value)) next.push_back(value);
+        }
+        triangles.push_back(next);
+    }
+    expectKept(binary("", triangles));
+}
+
+TEST_F(Translator, WritesStl) {
+    folder.write("in.obj", "v 0 0 0\nv 2 0 0\nv 0 2 0\nv 0 0 -2.5\n"
+                           "f 1 2 3\no one part\nf 1 4 3\ng empty\ng\nf 1 1 2\n");
+    EXPECT_EQ(translate("in.obj", "ascii.stl"), 0U);
+    auto const facet = [](char const* normal, char const* second, char const* third) {
+        return std::string("  facet normal ") + normal + "\n    outer loop\n      vertex 0 0 0\n      vertex " +
+               second + "\n      vertex " + third + "\n    endloop\n  endfacet\n";
+    };
+    std::string const text = "solid\n" + facet("0 0 1", "2 0 0", "0 2 0") + "endsolid\nsolid one part\n" +
+                             facet("1 0 0", "0 0 -2.5", "0 2 0") + "endsolid one part\nsolid\n" +
+                             facet("0 0 0", "0 0 0", "2 0 0") + "endsolid\n";
+    EXPECT_EQ(folder.read("ascii.stl"), text);
+    EXPECT_EQ(events_.events, (Texts{"50 translations/in.obj: OBJ, 3 faces, 3 triangles, 4 vertices\n",
+                                     "50 translations/in.obj: bounding box (0, 0, -2.5) to (2, 2, 0)\n",
+                                     "50 translations/ascii.stl: ASCII STL, 3 triangles, " +
+                                         std::to_string(text.size()) + " bytes\n"}));
+    // Parts go to OBJ and come back.
+    EXPECT_EQ(translate("ascii.stl", "out.obj"), 0U);
+    EXPECT_EQ(output(), "v 0 0 0\nv 2 0 0\nv 0 2 0\nv 0 0 -2.5\nf 1 2 3\no one part\nf 1 4 3\no\nf 1 1 2\n");
+    EXPECT_EQ(translate("out.obj", "ascii.stl"), 0U);
+    EXPECT_EQ(folder.read("ascii.stl"), text);
+    EXPECT_EQ(translate("ascii.stl", "out.stl"), 0U);
+    EXPECT_EQ(events_.events[2], "50 translations/out.stl: binary STL, 3 triangles, 234 bytes\n");
+    EXPECT_EQ(folder.read("out.stl").substr(134, 12), bytesOf(Corners{1, 0, 0}.data(), 12));
+    EXPECT_EQ(events_.events[0], "50 translations/ascii.stl: ASCII STL, 3 triangles\n");
+
+    folder.write("in.obj", "o none\n");
+    EXPECT_EQ(translate("in.obj", "ascii.stl"), 0U);
+    EXPECT_EQ(folder.read("ascii.stl"), "solid\nendsolid\n");
+}
+
+TEST_F(Translator, ReadsObj) {
+    std::string const square = "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\n";
+    std::string const fan = square + "f 1 2 3\nf 1 3 4\n";
+    struct {
+        std::string contents, obj;
+    } const rows[] = {
+        {"", ""},
+        {square + "f 1 2 3 4", fan},
+        {square + "f 1/1 2/9 3/-1 4/7\n", fan},
+        {square + "f 1//1 2//9 3//-1 4//7\n", fan},
+        {square + "\tf  1/1/1 2/9/2  3/-1/-1 4/7/5 \n", fan},
+        {square + "f -4 -3 -2 -1\nv 5 5 5\n", fan},
+        {square + "vn 0 0 nan\nvt 0\ns off\nusemtl #1\nl 1 9\np 0\nf 1 2 3 4\n", fan},
+        {"# f 1 2\n\n" + square + "  # comment\nf 1 2 3# 4\nf 1 3 4 # f\n", fan},
+        {"v 0 0 0 1\r\nv 1 0 0 .5 .5 .5\r\nv 1 1 0\r\n\r\nv +0 1e0 0.0e-5\r\nf 1 2 3 4\r\n", fan},
+        {square + "f 1 2\\\n3 \\\r\n 4\n", fan},
+        {"# a comment ends with its line \\\n" + square + "f 1 2 3 4 \\", fan},
+        {"\xEF\xBB\xBF" + square + "f 1 2 3 4\n", fan},
+        {square + "o\nf 1 2 3\ng  a #1 b#2 # c\nf 1 3 4\n",
+         "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nf 1 2 3\no a\nf 1 3 4\n"},
+        {square + "g a#\\ \nf 1 2 3\no b\ng c\tc\x01\nf 1 3 4\n",
+         "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\no a#\\ \nf 1 2 3\no c\tc?\nf 1 3 4\n"},
+    };
+    for (auto const& row : rows) {
+        EXPECT_EQ(run(row.contents, "in.obj"), 0U) << row.contents;
+        EXPECT_EQ(output(), row.obj) << row.contents;
+    }
+}
+
+TEST_F(Translator, BadObjIsOneErrorAndNoOutput) {
+    std::string const three = "v 0 0 0\nv 1 0 0\nv 1 1 0\n";
+    std::string const nul("comment\0\n", 9);
+    std::string continued = "f 1 2 3";
+    while (continued.size() < 300000) continued += " \\\n 1 2 3 1 2 3 1 2 3";
+    struct {
+        std::string contents;
+        char const* error;
+    } const rows[] = {
+        {three + "f 1 2 3\nf 1 2 0\n", "there is no vertex 0; 3 are defined so far (line 5)"},
+        {three + "f 1 2 4\nv 0 0 0", "there is no vertex 4; 3 are defined so far (line 4)"},
+        {three + "\n#\nf -1 -4 -2", "there is no vertex -4; 3 are defined so far (line 6)"},
+        {three + "f 1 2 -9223372036854775808",
+         "there is no vertex -9223372036854775808; 3 are defined so far (line 4)"},
+        {three + "f 1 2 9223372036854775808", "\"9223372036854775808\" where a corner should follow (line 4)"},
+        {three + "f 1 \\\n2 \\\n\nf 1 2 3", "a face with 2 corners (line 4)"},
+        {three + "f", "a face with 0 corners (line 4)"},
+        {three + "f 1 2 3.5", "\"3.5\" where a corner should follow (line 4)"},
+        {three + "f 1/ 2 3", "\"1/\" where a corner should follow (line 4)"},
+        {three + "f 1/1/ 2 3", "\"1/1/\" where a corner should follow (line 4)"},
+        {three + "f 1/0 2 3", "\"1/0\" where a corner should follow (line 4)"},
+        {three + "f 1//x#2 2 3", "\"1//x\" where a corner should follow (line 4)"},
+        {"v 0 0\n", "the line breaks off where a number should follow (line 1)"},
+        {"v 0 0 # 0\n", "the line breaks off where a number should follow (line 1)"},
+        {"\n\nv 0 1,5 0\n", "\"1,5\" where a number should follow (line 3)"},
+        {"v 0 0 0 1 x\n", "\"x\" where a number should follow (line 1)"},
+        {"v 0 1e39 0\n", "a coordinate is not a number (line 1)"},
+        {"v 0 0 -inf\n", "a coordinate is not a number (line 1)"},
+        {"v nan 0 0\n", "a coordinate is not a number (line 1)"},
+        {three + nul, "not an OBJ file: it is not all text (line 4)"},
+        {three + "# " + nul, "not an OBJ file: it is not all text (line 4)"},
+        {"\x7F"
+         "ELF",
+         "not an OBJ file: it is not all text (line 1)"},
+        {"\n#" + std::string(300000, '-') + "\n", "a line is longer than 262144 bytes (line 2)"},
+        {three + continued, "a line is longer than 262144 bytes (line 4)"},
+    };
+    for (auto const& row : rows) {
+        EXPECT_EQ(run(row.contents, "in.obj"), 21U);
+        EXPECT_EQ(error(), std::string("translations/in.obj: ") + row.error + "\n");
+        EXPECT_FALSE(folder.has("out.obj"));
+    }
 }
 
 TEST_F(Translator, BadInputIsOneErrorAndNoOutput) {
@@ -106,6 +270,7 @@ TEST_F(Translator, BadInputIsOneErrorAndNoOutput) {
         {"solid x\n" + facet("0 0 0", "1 0 1e39", "0 1 0"), "a coordinate is not a number (byte offset 69)"},
         {"solid x\n" + facet("0 0 0", "1 0x 0", "0 1 0"), "\"0x\" where a number should follow (byte offset 67)"},
         {"solid x\nfacet nromal", "\"nromal\" where \"normal\" should follow (byte offset 14)"},
+        {"solid " + std::string(300000, 'x'), "a name is longer than 262144 bytes (byte offset 5)"},
         {"solid x\nendsolid x\ntrailing", "\"trailing\" where \"solid\" should follow (byte offset 19)"},
     };
     for (auto const& row : rows) {
@@ -126,7 +291,9 @@ TEST_F(Translator, FilesThatCannotBeOpened) {
         {"translations", folder.path("out.obj"), 14, "translations: cannot be opened: "},
         {folder.write("in.stl", binary("", kSquare)), folder.path("no/out.obj"), 14,
          "translations/no/out.obj: cannot be created: "},
-        {folder.path("in.stl"), folder.path("in.stl"), 11, "translations/in.stl: not a format that can be written"},
+        {folder.path("in.stl"), folder.path("in.step"), 11,
+         "translations/in.step: not a format that can be written; name a file that ends in .obj or .stl"},
+        {folder.path("in.stl"), "./translations\\in.stl", 11, "./translations\\in.stl: is the input too; name another"},
     };
     for (auto const& row : rows) {
         events_.events.clear();
@@ -139,20 +306,34 @@ TEST_F(Translator, FilesThatCannotBeOpened) {
 
 #ifndef _WIN32
 TEST_F(Translator, AFullDiskLeavesNothing) {
+    folder.write("in.stl", binary("", std::vector<Corners>(5000, kSquare[0])));
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
-    std::string const contents = binary("", std::vector<Corners>(5000, kSquare[0]));
-    std::string const input = folder.write("in.stl", contents);
     auto const handler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit const small{1000, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    unsigned const number = translator::translate(input.c_str(), "translations\\out.obj").GetReturnCode();
-    setrlimit(RLIMIT_FSIZE, &before);
+    for (char const* const name : {"out.obj", "out.stl", "ascii.stl"}) {
+        rlimit const small{1000, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        unsigned const number = translate("in.stl", name);
+        setrlimit(RLIMIT_FSIZE, &before);
+        EXPECT_EQ(number, 15U);
+        EXPECT_NE(error().find("is the disk full? (byte offset 1000)"), std::string::npos) << error();
+        EXPECT_FALSE(folder.has(name));
+    }
     std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(number, 15U);
-    EXPECT_NE(events_.events.back().find("is the disk full? (byte offset 1000)"), std::string::npos)
-        << events_.events.back();
-    EXPECT_FALSE(folder.has("out.obj"));
+}
+
+TEST_F(Translator, BinaryStlIsNotWrittenToAPipe) {
+    folder.write("in.stl", binary("", kSquare));
+    for (char const* const name : {"pipe.stl", "ascii.stl"}) {
+        ASSERT_EQ(mkfifo(folder.path(name).c_str(), 0600), 0);
+        int const reader = open(folder.path(name).c_str(), O_RDONLY | O_NONBLOCK);
+        bool const refused = translate("in.stl", name) == 14;
+        char first = 0;
+        EXPECT_EQ(read(reader, &first, 1), refused ? 0 : 1);
+        EXPECT_EQ(refused, name[0] == 'p');
+        EXPECT_EQ(error().find("(--ascii) or OBJ instead") != std::string::npos, refused) << error();
+        close(reader);
+    }
 }
 #endif
 

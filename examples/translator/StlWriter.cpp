@@ -1,0 +1,119 @@
+#include "StlWriter.h"
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <stdexcept>
+
+#include "numbers.h"
+#include "stlLayout.h"
+
+namespace translator {
+
+namespace {
+
+/// Of length 1, to the side from which the corners turn left; all zeros for a triangle without area.
+Vertex normal(Vertex const& a, Vertex const& b, Vertex const& c) noexcept {
+    double const ux = double{b.x} - a.x;
+    double const uy = double{b.y} - a.y;
+    double const uz = double{b.z} - a.z;
+    double const vx = double{c.x} - a.x;
+    double const vy = double{c.y} - a.y;
+    double const vz = double{c.z} - a.z;
+    double const x = uy * vz - uz * vy;
+    double const y = uz * vx - ux * vz;
+    double const z = ux * vy - uy * vx;
+    double const length = std::sqrt(x * x + y * y + z * z);
+    if (length == 0)
+        return {};
+    // What is added makes 0 of -0.
+    return {static_cast<float>(x / length) + 0.0F, static_cast<float>(y / length) + 0.0F,
+            static_cast<float>(z / length) + 0.0F};
+}
+
+char* putUnsigned(char* to, std::uint32_t value) noexcept {
+    for (int i = 0; i < 4; ++i)
+        *to++ = static_cast<char>(value >> 8 * i);
+    return to;
+}
+
+char* putCoordinates(char* to, Vertex const& v) noexcept {
+    for (float const coordinate : {v.x, v.y, v.z}) {
+        std::uint32_t bits;
+        std::memcpy(&bits, &coordinate, sizeof bits);
+        to = putUnsigned(to, bits);
+    }
+    return to;
+}
+
+} // namespace
+
+BinaryStlWriter::BinaryStlWriter(OutputFile& file) : file_(file), out_(file) {
+    // Readers take "solid" for the beginning of an ASCII file.
+    std::string header = "binary STL by kova-translate";
+    header.resize(kStlHeaderSize);
+    out_.write(header);
+}
+
+void BinaryStlWriter::add(Vertex const& a, Vertex const& b, Vertex const& c) {
+    if (triangles() > std::numeric_limits<std::uint32_t>::max())
+        throw std::length_error("more than 4294967295 triangles, which binary STL cannot count");
+    char* to = putCoordinates(out_.room(kStlFacetSize), normal(a, b, c));
+    to = putCoordinates(putCoordinates(putCoordinates(to, a), b), c);
+    *to++ = 0;
+    *to++ = 0;
+    out_.use(to);
+}
+
+void BinaryStlWriter::finish() {
+    out_.flush();
+    char count[4];
+    putUnsigned(count, static_cast<std::uint32_t>(triangles()));
+    file_.overwrite(kStlCountAt, {count, sizeof count});
+}
+
+std::string BinaryStlWriter::description() const {
+    return "binary STL, " + std::to_string(triangles()) + " triangles";
+}
+
+void AsciiStlWriter::writeLine(std::string_view word) {
+    out_.write(word);
+    if (!name_.empty())
+        out_.write(' ');
+    out_.write(name_);
+    out_.write('\n');
+}
+
+void AsciiStlWriter::part(std::string_view name) {
+    if (isOpen_)
+        writeLine("endsolid");
+    isOpen_ = false;
+    name_ = name;
+}
+
+void AsciiStlWriter::add(Vertex const& a, Vertex const& b, Vertex const& c) {
+    if (!isOpen_)
+        writeLine("solid");
+    isOpen_ = true;
+    char* to = putVertex(out_.room(kLongestRecord), "  facet normal", normal(a, b, c));
+    to = put(to, "    outer loop\n");
+    for (Vertex const* const corner : {&a, &b, &c})
+        to = putVertex(to, "      vertex", *corner);
+    out_.use(put(to, "    endloop\n  endfacet\n"));
+}
+
+void AsciiStlWriter::finish() {
+    if (triangles() == 0) {
+        name_.clear();
+        writeLine("solid");
+        isOpen_ = true;
+    }
+    part({});
+    out_.flush();
+}
+
+std::string AsciiStlWriter::description() const {
+    return "ASCII STL, " + std::to_string(triangles()) + " triangles";
+}
+
+} // namespace translator

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace translator {
+
+struct Vertex {
+    float x, y, z;
+};
+
+/// 0 and -0 are equal.
+inline bool operator==(Vertex const& a, Vertex const& b) noexcept {
+    return a.x == b.x && a.y == b.y && a.z == b.z;
+}
+
+/// The smallest box around vertices.
+struct Box {
+    void add(Vertex const& v) noexcept {
+        low = {std::min(low.x, v.x), std::min(low.y, v.y), std::min(low.z, v.z)};
+        high = {std::max(high.x, v.x), std::max(high.y, v.y), std::max(high.z, v.z)};
+    }
+
+    static constexpr float kFar = std::numeric_limits<float>::infinity();
+    Vertex low{kFar, kFar, kFar};
+    Vertex high{-kFar, -kFar, -kFar};
+};
+
+/// Where readers put a model: part after part, triangle after triangle, so that a writer keeps only what
+/// its format forces it to.
+class TriangleSink {
+public:
+    TriangleSink() = default;
+    TriangleSink(TriangleSink const&) = delete;
+    TriangleSink& operator=(TriangleSink const&) = delete;
+    virtual ~TriangleSink() = default;
+
+    /// A hint: so many triangles may come, hardly more.
+    virtual void reserve(std::size_t /*triangles*/) {}
+    /// The triangles that follow belong to a new part; an empty name is none.
+    virtual void part(std::string_view name) = 0;
+    /// The corners must be finite.
+    void triangle(Vertex const& a, Vertex const& b, Vertex const& c) {
+        ++triangles_;
+        box_.add(a);
+        box_.add(b);
+        box_.add(c);
+        add(a, b, c);
+    }
+    /// Writes what can be written only when everything is known. Nothing may come any more.
+    virtual void finish() = 0;
+
+    /// What was written, "OBJ, 2 faces, 4 vertices".
+    virtual std::string description() const = 0;
+    /// The number of different vertices, where the format made it known.
+    virtual std::optional<std::size_t> vertices() const { return std::nullopt; }
+    /// Bytes handed to the stream.
+    virtual long long bytes() const noexcept = 0;
+
+    long long triangles() const noexcept { return triangles_; }
+    /// All zeros without triangles.
+    Box boundingBox() const noexcept { return triangles_ == 0 ? Box{{}, {}} : box_; }
+
+protected:
+    virtual void add(Vertex const& a, Vertex const& b, Vertex const& c) = 0;
+
+private:
+    long long triangles_ = 0;
+    Box box_;
+};
+
+} // namespace translator
