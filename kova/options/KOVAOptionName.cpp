@@ -247,7 +247,7 @@ KOVADynamicArray<KOVAString> KOVAOptionName::Nearest(KOVAString const& unknown) 
     }
     std::stable_sort(near.begin(), near.end(), [](auto const& a, auto const& b) { return a.first < b.first; });
     KOVADynamicArray<KOVAString> result;
-    for (std::size_t i = 0; i < near.size() && i < 3; ++i)
+    for (std::size_t i = 0; i < near.size() && i < 3 && near[i].first <= near[0].first + 1; ++i)
         result.add(near[i].second);
     return result;
 }

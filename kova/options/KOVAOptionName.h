@@ -40,7 +40,7 @@ public:
     static KOVIResult IsValid(KOVAString const& candidate);
 
     /// The registered names that are spelled most like an unknown one, the nearest first: at most three, none
-    /// when all are far.
+    /// when all are far. Case, and letters that changed places, hardly count.
     static KOVADynamicArray<KOVAString> Nearest(KOVAString const& unknown);
     /// "unknown option 'X'; did you mean 'Y'?", without the question when no name is near.
     static KOVAString DescribeUnknown(KOVAString const& unknown);
