@@ -37,7 +37,8 @@ NamePart const& partAt(NameParts const& parts, int level) {
 
 } // namespace
 
-/// A node of the tree. Every option lies at the end of a path of seven nodes.
+/// A node of the tree. Every option lies at the end of a path of seven nodes. The root also knows the ends
+/// by the whole names under which options were added: what is asked for by such a name needs no walk.
 class KOVAOptionToken {
 public:
     explicit KOVAOptionToken(KOVAOptionToken* parent = nullptr, NamePart const& part = NamePart())
@@ -68,6 +69,30 @@ public:
     }
 
     KOVAOptionToken* star() const noexcept { return star_; }
+
+    /// Of a root: the end that was remembered for a name; null when there is none.
+    KOVAOptionToken* end(KOVAString const& name) const {
+        std::int32_t const* const found = endIndex_.find({name, name.length()});
+        return found ? ends_[static_cast<std::size_t>(*found)].second : nullptr;
+    }
+    /// The same names as another root, whose tree this is a copy of.
+    void rememberEndsOf(KOVAOptionToken const& other) {
+        for (auto const& [name, node] : other.ends_)
+            rememberEnd(name, exactEnd(NameParts(name)));
+    }
+    /// Of a root: the end of exactly this path, "*" standing for nothing else; null when there is none.
+    KOVAOptionToken* exactEnd(NameParts const& parts) {
+        KOVAOptionToken* node = parts.size() >= 1 && parts.size() <= kLevels ? this : nullptr;
+        for (int level = 0; node && level < kLevels; ++level)
+            node = node->find(partAt(parts, level));
+        return node;
+    }
+    void rememberEnd(KOVAString const& name, KOVAOptionToken* node) {
+        if (end(name))
+            return;
+        ends_.emplace_back(name, node);
+        endIndex_.insert({ends_.back().first, name.length()}, static_cast<std::int32_t>(ends_.size()) - 1);
+    }
 
     /// The node behind this one, children first; null behind the last.
     KOVAOptionToken* next() const noexcept {
@@ -105,6 +130,8 @@ private:
     KOVAOptionToken* star_ = nullptr;
     std::vector<std::unique_ptr<KOVAOptionToken>> children_;
     std::unique_ptr<Index> index_; ///< its keys lie in the children
+    std::vector<std::pair<KOVAString, KOVAOptionToken*>> ends_;
+    Index endIndex_; ///< its keys lie in the names of ends_
 
 public:
     std::unique_ptr<KOVAOption> option;
@@ -121,6 +148,8 @@ KOVAOptions& KOVAOptions::operator=(KOVAOptions const& other) {
         RemoveAll();
         root_ = other.root_ ? new KOVAOptionToken(*other.root_, nullptr) : nullptr;
         size_ = other.size_;
+        if (root_)
+            root_->rememberEndsOf(*other.root_);
     }
     return *this;
 }
@@ -149,6 +178,7 @@ KOVIResult KOVAOptions::AddOption(KOVAOption const* option) {
     KOVAOptionToken* node = root_;
     for (int level = 0; level < kLevels; ++level)
         node = node->findOrAdd(partAt(parts, level));
+    root_->rememberEnd(option->name_, node);
     if (node->option) {
         *node->option = *option;
     } else {
@@ -214,10 +244,7 @@ KOVIResult KOVAOptions::AddOptions(KOVAOptions& other, bool overwrite) {
 
 /// Exactly this path, without "*" standing for anything.
 bool KOVAOptions::HasOption(KOVAString const& name) const {
-    NameParts const parts(name);
-    KOVAOptionToken const* node = parts.size() >= 1 && parts.size() <= kLevels ? root_ : nullptr;
-    for (int level = 0; node && level < kLevels; ++level)
-        node = node->find(partAt(parts, level));
+    KOVAOptionToken const* const node = root_ ? root_->exactEnd(NameParts(name)) : nullptr;
     return node && node->option;
 }
 
@@ -236,6 +263,10 @@ KOVAOption* KOVAOptions::GetOptionFromToken(KOVAOptionToken const& node, void co
 }
 
 KOVIResult KOVAOptions::GetOption(KOVAString const& name, KOVAOption*& option) const {
+    if (KOVAOptionToken const* const end = root_ ? root_->end(name) : nullptr) {
+        option = end->option.get();
+        return kSuccess;
+    }
     NameParts const parts(name);
     if (parts.size() == 0)
         return kInvalidArgument;

@@ -27,19 +27,22 @@ public:
         return length == other.length && std::memcmp(units, other.units, size()) == 0;
     }
     unsigned int GetHashCode() const noexcept {
-        // Four units at a time, then the rest as one word.
-        std::uint64_t hash = static_cast<unsigned int>(length);
-        char const* bytes = reinterpret_cast<char const*>(units);
-        for (std::size_t left = size(); left > 0;) {
-            std::uint64_t word = 0;
-            std::size_t const taken = left < sizeof word ? left : sizeof word;
-            std::memcpy(&word, bytes, taken);
-            hash = (hash ^ word) * 0x9E3779B97F4A7C15U;
-            hash ^= hash >> 32;
-            bytes += taken;
-            left -= taken;
+        // Eight units at a time, in two lanes that need not wait for each other; then the rest.
+        constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15U;
+        std::uint64_t first = static_cast<unsigned int>(length);
+        std::uint64_t second = kFactor;
+        int i = 0;
+        for (; i + 8 <= length; i += 8) {
+            std::uint64_t words[2];
+            std::memcpy(words, units + i, sizeof words);
+            first = (first ^ words[0]) * kFactor;
+            first ^= first >> 32;
+            second = (second ^ words[1]) * kFactor;
+            second ^= second >> 32;
         }
-        return static_cast<unsigned int>(hash);
+        for (; i < length; ++i)
+            second = second * 31 + units[i];
+        return static_cast<unsigned int>(((first ^ second) * kFactor) >> 32);
     }
 
 private:
