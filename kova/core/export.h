@@ -1,15 +1,18 @@
 #pragma once
 
 /// KOVA_API marks what the shared library exports; everything else is hidden.
-/// The library's own build defines KOVA_BUILDING.
+/// The library's own build defines KOVA_BUILDING. KOVA_LOCAL marks what lies in an exported class and is
+/// hidden all the same.
 #if defined(_WIN32)
 #  if defined(KOVA_BUILDING)
 #    define KOVA_API __declspec(dllexport)
 #  else
 #    define KOVA_API __declspec(dllimport)
 #  endif
+#  define KOVA_LOCAL
 #else
 #  define KOVA_API __attribute__((visibility("default")))
+#  define KOVA_LOCAL __attribute__((visibility("hidden")))
 #endif
 
 /// KOVA_PRINTF(f, a) lets the compiler check calls of a printf-like function whose format is

@@ -28,7 +28,7 @@ constexpr int kNoMatch = 65535;
 
 // --- the table
 //
-// Its names are made when the library is compiled: loading has nothing to do but to relocate them.
+// Its names are made when the library is compiled: loading only relocates them, without a look-up of symbols.
 
 /// The units of a name, in a block as KOVAString has it, with a reference that is never given back.
 template <std::size_t Size> struct Block {
@@ -63,18 +63,27 @@ constexpr bool belongs(std::string_view identifier, std::string_view name) {
 
 } // namespace
 
-#define KOVA_OPTION_NAME(identifier, text)                                                                             \
-  const KOVAOptionName KOVAOptionName::identifier(block_##identifier.units, text);
-#include KOVA_OPTION_NAMES
-#undef KOVA_OPTION_NAME
-
 struct KOVAOptionName::Table {
-    static void addTo(std::vector<KOVAString>& names) {
-#define KOVA_OPTION_NAME(identifier, text) names.push_back(KOVAOptionName::identifier.name_);
+#define KOVA_OPTION_NAME(identifier, text) KOVAOptionName identifier{block_##identifier.units, text};
 #include KOVA_OPTION_NAMES
 #undef KOVA_OPTION_NAME
-    }
 };
+
+/// Keeps the table from being destroyed, and each name from being registered for that.
+union KOVAOptionName::Storage {
+    constexpr Storage() noexcept : table() {}
+    ~Storage() {}
+    Table table;
+
+    static Storage instance;
+};
+
+KOVAOptionName::Storage KOVAOptionName::Storage::instance;
+
+#define KOVA_OPTION_NAME(identifier, text)                                                                             \
+  KOVAOptionName const& KOVAOptionName::identifier = KOVAOptionName::Storage::instance.table.identifier;
+#include KOVA_OPTION_NAMES
+#undef KOVA_OPTION_NAME
 
 namespace {
 
@@ -167,7 +176,10 @@ private:
     };
 
     Registry() : index_(&hashOf, &same) {
-        Table::addTo(names_);
+        Table const& table = Storage::instance.table;
+#define KOVA_OPTION_NAME(identifier, text) names_.push_back(table.identifier.name_);
+#include KOVA_OPTION_NAMES
+#undef KOVA_OPTION_NAME
         for (int i = 0; i < static_cast<int>(names_.size()); ++i)
             enter(i);
     }

@@ -45,13 +45,16 @@ public:
     /// "unknown option 'X'; did you mean 'Y'?", without the question when no name is near.
     static KOVAString DescribeUnknown(KOVAString const& unknown);
 
-#define KOVA_OPTION_NAME(identifier, text) static const KOVAOptionName identifier;
+    // The constants. (References, because loading 939 of them must cost next to nothing: what they refer to
+    // is made when the library is compiled, and never destroyed.)
+#define KOVA_OPTION_NAME(identifier, text) static KOVAOptionName const& identifier;
 #include KOVA_OPTION_NAMES
 #undef KOVA_OPTION_NAME
 
 private:
-    class Registry;
-    struct Table;
+    class KOVA_LOCAL Registry;
+    struct KOVA_LOCAL Table;
+    union KOVA_LOCAL Storage;
 
     constexpr KOVAOptionName(unsigned short* units, char const* narrow) noexcept
         : name_(KOVAString::StaticUnits{units}), narrow_(narrow) {}
