@@ -122,11 +122,6 @@ public:
     friend constexpr KOVAVectorf operator*(KOVAMath3x3Matrixf const& m, KOVAVectorf const& v) noexcept {
         return KOVAVectorf(m.row(0, v), m.row(1, v), m.row(2, v));
     }
-    /// The outer product: row i, column j is a's i times b's j.
-    friend constexpr KOVAMath3x3Matrixf operator%(KOVAVectorf const& a, KOVAVectorf const& b) noexcept {
-        return KOVAMath3x3Matrixf(a.x() * b.x(), a.x() * b.y(), a.x() * b.z(), a.y() * b.x(), a.y() * b.y(),
-                                  a.y() * b.z(), a.z() * b.x(), a.z() * b.y(), a.z() * b.z());
-    }
 
 private:
     static constexpr std::int32_t kGeneral = 0;
@@ -175,6 +170,12 @@ private:
     float c_[3][3];
     std::int32_t kind_;
 };
+
+/// The outer product: row i, column j is a's i times b's j.
+constexpr KOVAMath3x3Matrixf operator%(KOVAVectorf const& a, KOVAVectorf const& b) noexcept {
+    return KOVAMath3x3Matrixf(a.x() * b.x(), a.x() * b.y(), a.x() * b.z(), a.y() * b.x(), a.y() * b.y(), a.y() * b.z(),
+                              a.z() * b.x(), a.z() * b.y(), a.z() * b.z());
+}
 
 /// Replaces each of `count` vectors, three floats each, by the matrix times it, to the last bit as one by
 /// one. A null array or a count below 1 is nothing to do.
