@@ -2,10 +2,43 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+
+#include <kova/math/kernels.h>
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVA4x4Matrix) == 76);
 static_assert(sizeof(KOVAPointf) == 12);
 static_assert(sizeof(KOVADirectionf) == 12);
+
+namespace {
+
+/// The float nearest to size to the power of 1/3, which pow takes too long for. The root is exact to some
+/// 4e-13; where that does not settle the float, pow does.
+float cubeRoot(float size) noexcept {
+    double const a = double{size};
+    if (size >= std::numeric_limits<float>::min() && size <= std::numeric_limits<float>::max()) {
+        // A third of the exponent, to 5 percent; each of Halley's steps triples the digits.
+        std::uint32_t bits = 0;
+        std::memcpy(&bits, &size, sizeof bits);
+        bits = bits / 3 + 0x2A5119F2U;
+        float guess = 0.0F;
+        std::memcpy(&guess, &bits, sizeof bits);
+        double root = double{guess};
+        for (int step = 0; step < 2; ++step) {
+            double const cube = root * root * root;
+            root *= (cube + a + a) / (cube + cube + a);
+        }
+        constexpr double kMargin = 1e-12;
+        float const low = static_cast<float>(root * (1.0 - kMargin));
+        if (low == static_cast<float>(root * (1.0 + kMargin)))
+            return low;
+    }
+    return static_cast<float>(std::pow(a, 1.0 / 3.0));
+}
+
+} // namespace
 
 KOVA4x4Matrix::KOVA4x4Matrix(float const* const elements) noexcept {
     std::copy_n(elements, 16, m_[0]);
@@ -86,7 +119,7 @@ void KOVA4x4Matrix::ComputeScaling() noexcept {
     if (size >= 0.999999F && size <= 1.000001F)
         scaling_ = 1.0F;
     else
-        scaling_ = static_cast<float>(std::pow(double{size}, 1.0 / 3.0));
+        scaling_ = cubeRoot(size);
 }
 
 void KOVA4x4Matrix::SetScaling(float s) noexcept {
@@ -129,18 +162,27 @@ void KOVA4x4Matrix::SetRotation(KOVADirectionf const& axis, KOVAPointf const& ce
 void KOVA4x4Matrix::GetInvertedMatrix(KOVA4x4Matrix& out) const noexcept {
     if (!(std::fabs(determinant_) > 1e-15))
         return;
-    KOVA4x4Matrix result;
+    using namespace kova::detail;
     double const factor = 1.0 / determinant_;
+    double const a[3][3] = {
+        {m_[0][0], m_[0][1], m_[0][2]}, {m_[1][0], m_[1][1], m_[1][2]}, {m_[2][0], m_[2][1], m_[2][2]}};
+    double const t[3] = {m_[3][0], m_[3][1], m_[3][2]};
     for (int i = 0; i < 3; ++i) {
-        for (int j = 0; j < 3; ++j)
-            result.m_[i][j] = static_cast<float>(cofactor(j, i) * factor);
+        // Row i of the adjugate, its first two elements as a pair: cross products of the rows of this.
+        int const p = (i + 1) % 3;
+        int const q = (i + 2) % 3;
+        Pair const first =
+            Pair{a[1][p], a[2][p]} * Pair{a[2][q], a[0][q]} - Pair{a[1][q], a[2][q]} * Pair{a[2][p], a[0][p]};
+        double const third = a[0][p] * a[1][q] - a[0][q] * a[1][p];
+        store(first * both(factor), out.m_[i]);
+        out.m_[i][2] = static_cast<float>(third * factor);
+        out.m_[i][3] = 0.0F;
     }
-    KOVAVectorf back(m_[3]);
-    result.multiply(back);
-    (-back).GetCoord(result.m_[3]);
-    result.ComputeDeterminant();
-    result.ComputeScaling();
-    out = result;
+    store(-(both(t[0]) * load(out.m_[0]) + both(t[1]) * load(out.m_[1]) + both(t[2]) * load(out.m_[2])), out.m_[3]);
+    out.m_[3][2] = static_cast<float>(-(t[0] * out.m_[0][2] + t[1] * out.m_[1][2] + t[2] * out.m_[2][2]));
+    out.m_[3][3] = 1.0F;
+    out.ComputeDeterminant();
+    out.ComputeScaling();
 }
 
 void KOVA4x4Matrix::ComputeInverseTransposeThirdColumnNormalized(float* out) const noexcept {
@@ -156,39 +198,42 @@ void KOVA4x4Matrix::ComputeInverseTransposeThirdColumnNormalized(float* out) con
 }
 
 void KOVA4x4Matrix::multiply(KOVA4x4Matrix const& a, KOVA4x4Matrix const& b) noexcept {
-    float product[4][4];
-    for (int i = 0; i < 4; ++i) {
-        for (int j = 0; j < 4; ++j)
-            product[i][j] = static_cast<float>(double{a.m_[i][0]} * b.m_[0][j] + double{a.m_[i][1]} * b.m_[1][j] +
-                                               double{a.m_[i][2]} * b.m_[2][j] + double{a.m_[i][3]} * b.m_[3][j]);
+    using namespace kova::detail;
+    Pair left[4];
+    Pair right[4];
+    for (int k = 0; k < 4; ++k) {
+        left[k] = load(b.m_[k]);
+        right[k] = load(b.m_[k] + 2);
     }
     determinant_ = a.determinant_ * b.determinant_;
     scaling_ = a.scaling_ * b.scaling_;
-    std::copy_n(product[0], 16, m_[0]);
+    for (int i = 0; i < 4; ++i) {
+        Pair const low = load(a.m_[i]);
+        Pair const high = load(a.m_[i] + 2);
+        Pair const row[4] = {both(low[0]), both(low[1]), both(high[0]), both(high[1])};
+        store(row[0] * left[0] + row[1] * left[1] + row[2] * left[2] + row[3] * left[3], m_[i]);
+        store(row[0] * right[0] + row[1] * right[1] + row[2] * right[2] + row[3] * right[3], m_[i] + 2);
+    }
 }
 
 // --- arrays
 
-namespace {
-
-/// One by one, with a copy of the matrix, which writing the coordinates cannot change.
-template <class T, class Get> void transformArray(KOVA4x4Matrix const& matrix, float* at, long count, Get get) {
-    if (!at)
-        return;
-    KOVA4x4Matrix const m(matrix);
-    for (long i = 0; i < count; ++i, at += 3) {
-        T t(at);
-        m.multiply(t);
-        get(t, at);
+void KOVA4x4Matrix::transform(float* coordinates, long count, bool translate) const noexcept {
+    double linear[3][3];
+    double translation[3];
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j)
+            linear[i][j] = m_[j][i];
+        translation[i] = m_[3][i];
     }
+    kova::detail::PointMap const map{linear, nullptr, translate ? translation : nullptr};
+    kova::detail::transformPoints<kova::detail::Solid>(map, coordinates, count);
 }
 
-} // namespace
-
 void TransformPoints(KOVA4x4Matrix const& matrix, float* coordinates, long count) noexcept {
-    transformArray<KOVAPointf>(matrix, coordinates, count, [](KOVAPointf const& p, float* at) { p.GetValue(at); });
+    matrix.transform(coordinates, count, true);
 }
 
 void TransformVectors(KOVA4x4Matrix const& matrix, float* coordinates, long count) noexcept {
-    transformArray<KOVAVectorf>(matrix, coordinates, count, [](KOVAVectorf const& v, float* at) { v.GetCoord(at); });
+    matrix.transform(coordinates, count, false);
 }

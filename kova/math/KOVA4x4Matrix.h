@@ -101,6 +101,9 @@ public:
     bool operator==(KOVA4x4Matrix const& other) const noexcept;
     bool operator!=(KOVA4x4Matrix const& other) const noexcept { return !(*this == other); }
 
+    friend KOVA_API void TransformPoints(KOVA4x4Matrix const& matrix, float* coordinates, long count) noexcept;
+    friend KOVA_API void TransformVectors(KOVA4x4Matrix const& matrix, float* coordinates, long count) noexcept;
+
 private:
     template <class T> double image(int j, T const& t) const noexcept {
         return double{t.x()} * m_[0][j] + double{t.y()} * m_[1][j] + double{t.z()} * m_[2][j];
@@ -110,6 +113,7 @@ private:
         return t;
     }
     double cofactor(int i, int j) const noexcept;
+    void transform(float* coordinates, long count, bool translate) const noexcept;
     void ComputeDeterminant() noexcept;
     void ComputeScaling() noexcept;
     void SetScaling(float s) noexcept;

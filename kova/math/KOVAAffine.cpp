@@ -54,18 +54,27 @@ void KOVAAffine::MakeIdentity() noexcept {
 }
 
 KOVAAffine& KOVAAffine::Multiply(double factor) noexcept {
-    for (int i = 0; i < dimension_; ++i) {
-        for (int j = 0; j < dimension_; ++j)
-            elements_[i][j] *= factor;
+    for (auto& row : elements_) { // what is not used too, which compilers do at once
+        for (double& element : row)
+            element *= factor;
     }
     return *this;
 }
 
-KOVAAffine& KOVAAffine::Divide(double divisor) {
+namespace {
+
+/// 1 / divisor, with what goes before every division.
+double reciprocal(double divisor) {
     Gk_ErrMgr::checkAbort();
     if (!Gk_Func::equal(divisor, 0.0, Gk_Def::FuzzReal))
         Gk_ErrMgr::doAssert(__FILE__, __LINE__);
-    return Multiply(1.0 / divisor);
+    return 1.0 / divisor;
+}
+
+} // namespace
+
+KOVAAffine& KOVAAffine::Divide(double divisor) {
+    return Multiply(reciprocal(divisor));
 }
 
 void KOVAAffine::Multiply(KOVAAffine const& other, KOVAAffine& out) const noexcept {
@@ -117,15 +126,25 @@ double KOVAAffine::DeterminantOfCofactor(int row, int column) const noexcept {
 }
 
 void KOVAAffine::GetInverse(KOVAAffine& out) const {
-    double const d = Determinant();
-    Gk_ErrMgr::checkAbort();
-    double adjugate[3][3] = {};
-    for (int i = 0; i < dimension_; ++i) {
-        for (int j = 0; j < dimension_; ++j)
-            adjugate[j][i] = DeterminantOfCofactor(i, j);
+    double const factor = reciprocal(Determinant());
+    double inverse[3][3] = {};
+    if (dimension_ == 3) {
+        // The loop below with the signs in the cross products, of which compilers make far more.
+        double const(&a)[3][3] = elements_;
+        for (int i = 0; i < 3; ++i) {
+            int const p = (i + 1) % 3;
+            int const q = (i + 2) % 3;
+            inverse[i][0] = (a[1][p] * a[2][q] - a[1][q] * a[2][p]) * factor;
+            inverse[i][1] = (a[2][p] * a[0][q] - a[2][q] * a[0][p]) * factor;
+            inverse[i][2] = (a[0][p] * a[1][q] - a[0][q] * a[1][p]) * factor;
+        }
+    } else {
+        for (int i = 0; i < dimension_; ++i) {
+            for (int j = 0; j < dimension_; ++j)
+                inverse[j][i] = DeterminantOfCofactor(i, j) * factor;
+        }
     }
-    std::copy_n(adjugate[0], 9, out.elements_[0]);
-    out.Divide(d);
+    std::copy_n(inverse[0], 9, out.elements_[0]);
 }
 
 bool KOVAAffine::IsIdentity() const noexcept {
@@ -185,9 +204,9 @@ void KOVAAffine3D::SetColumn(int column, KOVAPoint3D const& p) noexcept {
 }
 
 void TransformPoints(KOVAAffine2D const& affine, double* coordinates, long count) noexcept {
-    kova::detail::transformPoints<2>({affine.elements_, nullptr, nullptr}, coordinates, count);
+    kova::detail::transformPoints<kova::detail::Flat>({affine.elements_, nullptr, nullptr}, coordinates, count);
 }
 
 void TransformPoints(KOVAAffine3D const& affine, double* coordinates, long count) noexcept {
-    kova::detail::transformPoints<3>({affine.elements_, nullptr, nullptr}, coordinates, count);
+    kova::detail::transformPoints<kova::detail::Solid>({affine.elements_, nullptr, nullptr}, coordinates, count);
 }

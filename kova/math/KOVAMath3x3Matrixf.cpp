@@ -1,5 +1,7 @@
 #include <kova/math/KOVAMath3x3Matrixf.h>
 
+#include <kova/math/kernels.h>
+
 static_assert(sizeof(KOVAVectorf) == 12);
 static_assert(sizeof(KOVAMath3x3Matrixf) == 40);
 
@@ -58,18 +60,20 @@ bool KOVAMath3x3Matrixf::Inverse(KOVAMath3x3Matrixf& out) const noexcept {
         out.kind_ = kind;
         return true;
     }
-    out = KOVAMath3x3Matrixf(static_cast<float>(minor(1, 1, 2, 2) / d), static_cast<float>(-minor(0, 1, 2, 2) / d),
-                             static_cast<float>(minor(0, 1, 1, 2) / d), static_cast<float>(-minor(1, 0, 2, 2) / d),
-                             static_cast<float>(minor(0, 0, 2, 2) / d), static_cast<float>(-minor(0, 0, 1, 2) / d),
-                             static_cast<float>(minor(1, 0, 2, 1) / d), static_cast<float>(-minor(0, 0, 2, 1) / d),
-                             static_cast<float>(minor(0, 0, 1, 1) / d));
+    double const adjugate[9] = {minor(1, 1, 2, 2),  -minor(0, 1, 2, 2), minor(0, 1, 1, 2),
+                                -minor(1, 0, 2, 2), minor(0, 0, 2, 2),  -minor(0, 0, 1, 2),
+                                minor(1, 0, 2, 1),  -minor(0, 0, 2, 1), minor(0, 0, 1, 1)};
+    for (int i = 0; i < 9; ++i)
+        out.c_[i / 3][i % 3] = static_cast<float>(adjugate[i] / d);
+    out.kind_ = kGeneral;
     return true;
 }
 
 void TransformVectors(KOVAMath3x3Matrixf const& matrix, float* coordinates, long count) noexcept {
-    if (!coordinates)
-        return;
-    KOVAMath3x3Matrixf const m = matrix; // which writing the coordinates cannot change
-    for (long i = 0; i < count; ++i, coordinates += 3)
-        (m * KOVAVectorf(coordinates)).GetCoord(coordinates);
+    double linear[3][3];
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j)
+            linear[i][j] = matrix.c_[i][j];
+    }
+    kova::detail::transformPoints<kova::detail::Solid>({linear, nullptr, nullptr}, coordinates, count);
 }

@@ -123,6 +123,8 @@ public:
         return KOVAVectorf(m.row(0, v), m.row(1, v), m.row(2, v));
     }
 
+    friend KOVA_API void TransformVectors(KOVAMath3x3Matrixf const& matrix, float* coordinates, long count) noexcept;
+
 private:
     static constexpr std::int32_t kGeneral = 0;
     static constexpr std::int32_t kRotation = 1;

@@ -15,9 +15,9 @@ namespace {
 
 void transformPoints(int dimension, kova::detail::PointMap const& map, double* coordinates, long count) noexcept {
     if (dimension == 3)
-        kova::detail::transformPoints<3>(map, coordinates, count);
+        kova::detail::transformPoints<kova::detail::Solid>(map, coordinates, count);
     else
-        kova::detail::transformPoints<2>(map, coordinates, count);
+        kova::detail::transformPoints<kova::detail::Flat>(map, coordinates, count);
 }
 
 } // namespace
