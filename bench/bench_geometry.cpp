@@ -137,6 +137,15 @@ void matrix4Rows() {
              forEach<RowMajor4f, RowMajor4f>(eigen<RowMajor4f>(all), eigenInverse));
     batchRow("4x4 inverse, GLM double", 1.5, ourInverse,
              forEach<glm::dmat4, glm::dmat4>(glmOf<glm::dmat4>(all), glmInverse));
+    // Rotations about axes: what placements mostly are, and no cube root.
+    auto const rigid = made<KOVA4x4Matrix>(
+        [&](int i) { return KOVA4x4Matrix(KOVAVectorf(all.elements[i]), KOVAPointf(all.elements[i] + 3), 1.0F); });
+    auto const rigidInverse = forEach<KOVA4x4Matrix, KOVA4x4Matrix>(
+        rigid, [](auto const& a, auto const& /*unused*/, auto& result) { a.GetInvertedMatrix(result); });
+    batchRow("4x4 inverse of rotations, Eigen double", 1.5, rigidInverse,
+             forEach<RowMajor4d, RowMajor4d>(eigen<RowMajor4d>(all), eigenInverse));
+    batchRow("4x4 inverse of rotations, Eigen float", 1.5, rigidInverse,
+             forEach<RowMajor4f, RowMajor4f>(eigen<RowMajor4f>(all), eigenInverse));
     batchRow("4x4 inverse, GLM float", 1.5, ourInverse,
              forEach<glm::mat4, glm::mat4>(glmOf<glm::mat4>(all), glmInverse));
 }
@@ -216,8 +225,9 @@ void arrayRows(std::size_t count) {
         std::copy_n(turn.GetMatrix(), 16, m[0]);
         plainLoop(m, peers.floats.data(), count);
     });
-    bench::plainRow("points, memory touched" + suffix, count < 100000 ? 4.0 : 1.0, transformed,
-                    [&peers, count] { touch(peers.floats.data(), count); });
+    if (count >= 100000)
+        bench::plainRow("points, memory touched" + suffix, 1.0, transformed,
+                        [&peers, count] { touch(peers.floats.data(), count); });
     bench::plainRow("points, Eigen summed in double" + suffix, 1.0, transformed, [&peers, n] {
         Eigen::Map<Eigen::Matrix<float, 3, Eigen::Dynamic>> points(peers.floats.data(), 3, n);
         Eigen::Map<RowMajor4f const> const m(turn.GetMatrix());

@@ -168,14 +168,9 @@ void KOVA4x4Matrix::GetInvertedMatrix(KOVA4x4Matrix& out) const noexcept {
         {m_[0][0], m_[0][1], m_[0][2]}, {m_[1][0], m_[1][1], m_[1][2]}, {m_[2][0], m_[2][1], m_[2][2]}};
     double const t[3] = {m_[3][0], m_[3][1], m_[3][2]};
     for (int i = 0; i < 3; ++i) {
-        // Row i of the adjugate, its first two elements as a pair: cross products of the rows of this.
-        int const p = (i + 1) % 3;
-        int const q = (i + 2) % 3;
-        Pair const first =
-            Pair{a[1][p], a[2][p]} * Pair{a[2][q], a[0][q]} - Pair{a[1][q], a[2][q]} * Pair{a[2][p], a[0][p]};
-        double const third = a[0][p] * a[1][q] - a[0][q] * a[1][p];
-        store(first * both(factor), out.m_[i]);
-        out.m_[i][2] = static_cast<float>(third * factor);
+        AdjugateRow const row = adjugateRow(a, i);
+        store(row.first * both(factor), out.m_[i]);
+        out.m_[i][2] = static_cast<float>(row.third * factor);
         out.m_[i][3] = 0.0F;
     }
     store(-(both(t[0]) * load(out.m_[0]) + both(t[1]) * load(out.m_[1]) + both(t[2]) * load(out.m_[2])), out.m_[3]);

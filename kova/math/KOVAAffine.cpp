@@ -101,13 +101,12 @@ void KOVAAffine::GetTranspose(KOVAAffine& out) const noexcept {
 }
 
 double KOVAAffine::Determinant() const noexcept {
-    double const(&a)[3][3] = elements_;
     if (dimension_ < 2)
-        return a[0][0];
-    if (dimension_ == 2)
-        return a[0][0] * a[1][1] - a[1][0] * a[0][1];
-    return a[0][0] * (a[1][1] * a[2][2] - a[2][1] * a[1][2]) - a[1][0] * (a[0][1] * a[2][2] - a[2][1] * a[0][2]) +
-           a[2][0] * (a[0][1] * a[1][2] - a[1][1] * a[0][2]);
+        return elements_[0][0];
+    double sum = elements_[0][0] * DeterminantOfCofactor(0, 0);
+    for (int i = 1; i < dimension_; ++i)
+        sum += elements_[i][0] * DeterminantOfCofactor(i, 0);
+    return sum;
 }
 
 /// Without the row and the column, and with the sign of their place.
@@ -127,24 +126,22 @@ double KOVAAffine::DeterminantOfCofactor(int row, int column) const noexcept {
 
 void KOVAAffine::GetInverse(KOVAAffine& out) const {
     double const factor = reciprocal(Determinant());
-    double inverse[3][3] = {};
+    double a[3][3]; // a copy, as `out` may be this
+    std::copy_n(elements_[0], 9, a[0]);
     if (dimension_ == 3) {
-        // The loop below with the signs in the cross products, of which compilers make far more.
-        double const(&a)[3][3] = elements_;
         for (int i = 0; i < 3; ++i) {
-            int const p = (i + 1) % 3;
-            int const q = (i + 2) % 3;
-            inverse[i][0] = (a[1][p] * a[2][q] - a[1][q] * a[2][p]) * factor;
-            inverse[i][1] = (a[2][p] * a[0][q] - a[2][q] * a[0][p]) * factor;
-            inverse[i][2] = (a[0][p] * a[1][q] - a[0][q] * a[1][p]) * factor;
+            kova::detail::AdjugateRow const row = kova::detail::adjugateRow(a, i);
+            kova::detail::store(row.first * kova::detail::both(factor), out.elements_[i]);
+            out.elements_[i][2] = row.third * factor;
         }
+    } else if (dimension_ == 2) {
+        out.elements_[0][0] = a[1][1] * factor;
+        out.elements_[0][1] = -a[0][1] * factor;
+        out.elements_[1][0] = -a[1][0] * factor;
+        out.elements_[1][1] = a[0][0] * factor;
     } else {
-        for (int i = 0; i < dimension_; ++i) {
-            for (int j = 0; j < dimension_; ++j)
-                inverse[j][i] = DeterminantOfCofactor(i, j) * factor;
-        }
+        out.elements_[0][0] = factor;
     }
-    std::copy_n(inverse[0], 9, out.elements_[0]);
 }
 
 bool KOVAAffine::IsIdentity() const noexcept {

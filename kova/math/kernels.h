@@ -47,6 +47,20 @@ inline void store(Pair pair, float* at) noexcept {
 #endif
 }
 
+/// A row of an adjugate: its first two elements, and the third.
+struct AdjugateRow {
+    Pair first;
+    double third;
+};
+
+/// Row i of the adjugate of three rows: the cross products of the rows have it as their coordinate i.
+inline AdjugateRow adjugateRow(double const (&a)[3][3], int i) noexcept {
+    int const p = (i + 1) % 3;
+    int const q = (i + 2) % 3;
+    return {Pair{a[1][p], a[2][p]} * Pair{a[2][q], a[0][q]} - Pair{a[1][q], a[2][q]} * Pair{a[2][p], a[0][p]},
+            a[0][p] * a[1][q] - a[0][q] * a[1][p]};
+}
+
 /// What a map does to one point, and so to arrays of them: an optional linear part, for points as columns,
 /// then an optional factor, then an optional translation. A part that is left out does not round either.
 struct PointMap {
