@@ -4,7 +4,6 @@
 
 #include <charconv>
 #include <cstring>
-#include <functional>
 #include <random>
 
 #include "support/test.h"
