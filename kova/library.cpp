@@ -6,6 +6,7 @@
 #include <kova/diagnostics/KOVAEventBus.h>
 #include <kova/diagnostics/KOVATrace.h>
 #include <kova/options/KOVAOption.h>
+#include <kova/math/KOVA4x4Matrix.h>
 #include <kova/stream/KOVAFileInputStream.h>
 #include <kova/stream/KOVAFileOutputStream.h>
 #include <kova/text/KOVAString.h>
@@ -25,3 +26,5 @@ const KOVAString KOVAString::KOVA_TRUE("True");
 const KOVAString KOVAString::KOVA_FALSE("False");
 const KOVAString KOVAString::KOVA_ON("On");
 const KOVAString KOVAString::KOVA_OFF("Off");
+
+const KOVA4x4Matrix KOVA4x4MatrixI;
