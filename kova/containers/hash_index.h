@@ -70,6 +70,8 @@ private:
     int probe(Key const& key, bool compare) const {
         unsigned int const hash = hash_ ? hash_(key) : DefaultHash<Key>::of(key);
         int const n = slots();
+        if (n == 0) // there was no memory for them
+            return -1;
         int const start = static_cast<int>(hash % static_cast<unsigned int>(n));
         for (int i = 0; i < n; ++i) {
             int const slot = start + i < n ? start + i : start + i - n;
@@ -83,6 +85,8 @@ private:
 
     void place(Key const& key, std::int32_t number) {
         int const slot = probe(key, false);
+        if (slot < 0)
+            throw std::bad_alloc();
         keys_[slot] = key;
         numbers_[slot] = number;
         used_[slot] = 1;

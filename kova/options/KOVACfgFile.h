@@ -71,6 +71,7 @@ private:
 class KOVA_API KOVACfgFile {
 public:
     KOVACfgFile();
+    KOVACfgFile(KOVACfgFile const&) = delete;
     /// Deep.
     KOVACfgFile& operator=(KOVACfgFile const& other);
     virtual ~KOVACfgFile();
@@ -113,8 +114,6 @@ protected:
     KOVACfgFileSection* findSection(char const* name) const;
 
 private:
-    KOVACfgFile(KOVACfgFile const&) = delete;
-
     KOVACfgFileKey* findKey(char const* key, char const* section) const;
     void loadLine(char* line, long number, KOVACfgFileSection*& current);
     void removeSections();

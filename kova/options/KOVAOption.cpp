@@ -1,6 +1,7 @@
 #include <kova/options/KOVAOption.h>
 
 #include <cstring>
+#include <utility>
 
 #include <kova/core/results.h>
 #include <kova/diagnostics/KOVADebug.h>
@@ -49,10 +50,10 @@ void trace(char const* name, KOVAString const& value) {
 
 KOVAOption::KOVAOption() = default;
 
-KOVAOption::KOVAOption(KOVAString const& name) : name_(name) {}
+KOVAOption::KOVAOption(KOVAString name) : name_(std::move(name)) {}
 
-KOVAOption::KOVAOption(KOVAString const& name, KOVAValue const& value, bool isPrivate)
-    : default_(value), current_(value), name_(name), private_(isPrivate) {}
+KOVAOption::KOVAOption(KOVAString name, KOVAValue const& value, bool isPrivate)
+    : default_(value), current_(value), name_(std::move(name)), private_(isPrivate) {}
 
 KOVAOption::KOVAOption(KOVAOptionName const& name, int value, bool isPrivate)
     : KOVAOption(KOVAString(name), KOVAValue(value), isPrivate) {}

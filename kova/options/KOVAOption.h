@@ -76,8 +76,8 @@ public:
 private:
     friend class KOVAOptions;
 
-    explicit KOVAOption(KOVAString const& name);
-    KOVAOption(KOVAString const& name, KOVAValue const& value, bool isPrivate);
+    explicit KOVAOption(KOVAString name);
+    KOVAOption(KOVAString name, KOVAValue const& value, bool isPrivate);
 
     KOVAValue::KOVAValueType storedType() const;
     template <class T> KOVIResult set(T const& value, KOVAValue::KOVAValueType type);

@@ -72,7 +72,7 @@ struct KOVAOptionName::Table {
 /// Keeps the table from being destroyed, and each name from being registered for that.
 union KOVAOptionName::Storage {
     constexpr Storage() noexcept : table() {}
-    ~Storage() {}
+    ~Storage() {} // NOLINT(modernize-use-equals-default): that would be a deleted one
     Table table;
 
     static Storage instance;

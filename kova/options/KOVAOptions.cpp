@@ -299,7 +299,7 @@ KOVIResult KOVAOptions::ReadFromFile(std::FILE* file) {
     if (contents.Load(file).IsFailure())
         return kFailure;
     KOVACfgFileSection const* const section = contents.GetSection(0);
-    for (int i = 0; i < section->GetNumKeys(); ++i) {
+    for (int i = 0; section && i < section->GetNumKeys(); ++i) {
         KOVACfgFileKey const* const key = section->GetKey(i);
         AddOptionParseValue(key->GetName(), key->GetAllValues());
     }

@@ -40,7 +40,8 @@ KOVIResult KOVAProperties::Set(KOVAString const& assignment) {
 }
 
 KOVIResult KOVAProperties::Set(KOVAString const& name, KOVAValue const& value) {
-    KOVAValue const copy(value); // which may be one of ours, and move
+    // The value may be one of ours, and move.
+    KOVAValue const copy(value); // NOLINT(performance-unnecessary-copy-initialization)
     values_.value(values_.findOrAdd(name)) = copy;
     return kSuccess;
 }

@@ -42,7 +42,10 @@ KOVAValue::KOVAValue(double value) noexcept : double_(value), type_(Double) {}
 
 KOVAValue::KOVAValue(char const* value) : text_(value), double_(0.0), type_(String) {}
 
-KOVAValue::KOVAValue(KOVAString const& value) : text_(value), double_(0.0), type_(String) {}
+KOVAValue::KOVAValue(KOVAString const& value) : KOVAValue() {
+    text_ = value;
+    type_ = String;
+}
 
 KOVAValue::KOVAValue(KOVAValue const& other) : KOVAValue() {
     *this = other;

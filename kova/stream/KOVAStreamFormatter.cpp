@@ -82,9 +82,8 @@ void KOVAStreamFormatter::KOVAStreamFormatterMargin::decr() {
 // --- construction and settings
 
 KOVAStreamFormatter::KOVAStreamFormatter(KOVAOutputStream* output)
-    : output_(output), buffer_(), margin(new KOVAStreamFormatterMargin(this)),
-      blank(new KOVAStreamFormatterObject(" ")), newline(new KOVAStreamFormatterObject("\n")),
-      empty(new KOVAStreamFormatterObject("")) {
+    : output_(output), margin(new KOVAStreamFormatterMargin(this)), blank(new KOVAStreamFormatterObject(" ")),
+      newline(new KOVAStreamFormatterObject("\n")), empty(new KOVAStreamFormatterObject("")) {
     resetFormat();
 }
 

@@ -197,7 +197,7 @@ private:
     char const* longFormat_;
     bool precisionGiven_ = false;
     std::int32_t precision_ = 10;
-    char buffer_[128];
+    char buffer_[128] = {};
 
 public:
     KOVAStreamFormatterMarginHandle margin;

@@ -89,9 +89,10 @@ KOVIResult KOVAEnvironment::PutVariable(KOVAString const& name, KOVAString const
     KOVAString const text = name + "=" + value;
     char const* const narrow = text;
     KOVAInfo::Printf("Environment variable: %s\n", narrow);
-    if (std::strlen(narrow) >= sizeof entryBuffer)
+    std::size_t const size = std::strlen(narrow) + 1;
+    if (size > sizeof entryBuffer)
         return kFailure;
-    std::strcpy(entryBuffer, narrow);
+    std::memcpy(entryBuffer, narrow, size);
     kova::detail::collapsePercentPairs(entryBuffer);
     return kova::detail::putEnvironmentEntry(entryBuffer) ? kSuccess : kFailure;
 }

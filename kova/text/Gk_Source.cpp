@@ -29,7 +29,7 @@ bool Gk_Source::WhiteSpace::isSpace(char c) const {
 Gk_Source::Gk_Source(KOVAInputStream* stream, bool stringMode) : stream_(stream), stringMode_(stringMode) {}
 
 Gk_Source::WhiteSpace Gk_Source::setWhiteSpace(WhiteSpace const& set) {
-    WhiteSpace const before(whiteSpace_);
+    WhiteSpace before(whiteSpace_);
     whiteSpace_ = set;
     return before;
 }
@@ -77,7 +77,7 @@ Gk_String Gk_Source::token(Start start) {
         if (!dropped)
             scratch_.append(static_cast<char>(c));
     }
-    Gk_String const result = taken();
+    Gk_String result = taken();
     if (c != -1)
         pushBack(static_cast<char>(c));
     return result;
@@ -115,7 +115,7 @@ Gk_String Gk_Source::peek() {
         if (begun)
             scratch_.append(static_cast<char>(c));
     }
-    if (everything.len() > 0)
+    if (stream_ && everything.len() > 0)
         stream_->add(everything);
     return taken();
 }
