@@ -7,7 +7,7 @@
 
 #ifndef KOVA_OPTION_NAMES
 /// The file with the table of names.
-#  define KOVA_OPTION_NAMES <kova / options / option_names.def> // NOLINT(bugprone-macro-parentheses)
+#  define KOVA_OPTION_NAMES "kova/options/option_names.def"
 #endif
 
 /// The name of an option that translations understand. Making one registers it, so that names which users
