@@ -3,6 +3,7 @@
 #include <kova/kova.h>
 
 int main() {
+    KOVAEnvironment::PutVariable("KOVATaskTiming", "Yes");
     KOVAConsoleLogger::SetUp(-1);
     KOVAStartReadFileTaskEvent start("part.stl");
     KOVAEventBus::Fire(start);

@@ -1,6 +1,5 @@
 # Runs a program that ends with its timing report open, and reads what it says after its end.
 
-set(ENV{KOVATaskTiming} Yes)
 execute_process(COMMAND ${program} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
 string(REPLACE "\r" "" output "${output}")
 string(REGEX REPLACE "[0-9]+\\.[0-9][0-9]" "#" output "${output}")
