@@ -1,6 +1,7 @@
 #include <kova/diagnostics/KOVAConsoleLogger.h>
 
 #include <string>
+#include <string_view>
 
 #include <kova/diagnostics/KOVAEvent.h>
 #include <kova/diagnostics/KOVATimingLogger.h>
@@ -25,12 +26,14 @@ LogStream* openConsole(int file) {
 }
 
 /// Warnings yellow, errors red. The colour ends before the line does.
-void colour(std::string& text, KOVAEventLevel level) {
-    std::size_t const end = text.find_last_not_of('\n');
-    if (end == std::string::npos)
-        return;
-    text.insert(end + 1, "\033[0m");
-    text.insert(0, level >= KOVA_LEVEL_ERROR ? "\033[31m" : "\033[33m");
+std::string coloured(std::string_view text, KOVAEventLevel level) {
+    std::string result(text);
+    std::size_t const end = result.find_last_not_of('\n');
+    if (end != std::string::npos) {
+        result.insert(end + 1, "\033[0m");
+        result.insert(0, level >= KOVA_LEVEL_ERROR ? "\033[31m" : "\033[33m");
+    }
+    return result;
 }
 
 } // namespace
@@ -43,11 +46,13 @@ void KOVAConsoleLogger::HandleEvent(KOVAEvent& event) {
     KOVAEventLevel const level = event.GetLevel();
     if (!IsInitialized() || !takes(level))
         return;
-    std::string text = kova::detail::describe(event);
-    LogStream& stream = level < KOVA_LEVEL_WARNING ? *out_ : *errors_;
-    if (level >= KOVA_LEVEL_WARNING && stream.showsColour())
-        colour(text, level);
-    kova::detail::writeWhole(stream, text);
+    kova::detail::Description const description(event);
+    if (level < KOVA_LEVEL_WARNING)
+        kova::detail::writeWhole(*out_, description.text());
+    else if (errors_->showsColour())
+        kova::detail::writeWhole(*errors_, coloured(description.text(), level));
+    else
+        kova::detail::writeWhole(*errors_, description.text());
 }
 
 void KOVAConsoleLogger::Initialize(KOVAEventLevel level) {

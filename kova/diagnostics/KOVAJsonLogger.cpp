@@ -91,9 +91,10 @@ void KOVAJsonLogger::HandleEvent(KOVAEvent& event) {
     kova::detail::TaskStep const step = tasks_.take(event);
     if (!GetOutputStream() || !takes(event.GetLevel()))
         return;
-    std::string text = kova::detail::describe(event);
+    kova::detail::Description const description(event);
+    std::string_view text = description.text();
     if (!text.empty() && text.back() == '\n')
-        text.pop_back();
+        text.remove_suffix(1);
     std::string line = "{\"time\":\"";
     appendTime(line);
     line.append("\",\"level\":").append(std::to_string(static_cast<int>(event.GetLevel())));

@@ -27,7 +27,7 @@ KOVALogger::~KOVALogger() {
 
 void KOVALogger::HandleEvent(KOVAEvent& event) {
     if (stream_ && takes(event.GetLevel()))
-        kova::detail::writeWhole(*stream_, kova::detail::describe(event));
+        kova::detail::writeWhole(*stream_, kova::detail::Description(event).text());
 }
 
 void KOVALogger::activate(KOVAEventLevel level) {

@@ -19,36 +19,22 @@ bool userWantsPlainText() {
     return KOVAEnvironment::GetVariable("NO_COLOR", value).IsSuccess();
 }
 
-/// Descriptions may be written piece by piece.
-class Collector final : public KOVAOutputStream {
-public:
-    explicit Collector(std::string& text) noexcept : KOVAOutputStream(nullptr), text_(text) {}
-    void write(char const* const buffer, int count) override {
-        if (buffer && count > 0)
-            text_.append(buffer, static_cast<std::size_t>(count));
-    }
-    void flush() override {}
-    void close() override {}
-
-private:
-    std::string& text_;
-};
-
 } // namespace
 
 LogStream::LogStream(KOVAFileDescriptor* descriptor)
     : KOVAFileOutputStream(descriptor), mayBreak_(!isPlainFile(descriptor->fileNumber())),
       colour_(detail::showsColour(descriptor->fileNumber()) && !userWantsPlainText()) {}
 
-std::string describe(KOVAEvent& event) {
-    std::string text;
-    text.reserve(240);
-    Collector collector(text);
-    event.GetFormattedDescription(&collector);
-    return text;
+Description::Description(KOVAEvent& event) : KOVAOutputStream(nullptr) {
+    event.GetFormattedDescription(this);
 }
 
-void writeWhole(KOVAOutputStream& stream, std::string const& text) {
+void Description::write(char const* const buffer, int count) {
+    if (buffer && count > 0)
+        text_.append(buffer, static_cast<std::size_t>(count));
+}
+
+void writeWhole(KOVAOutputStream& stream, std::string_view text) {
     if (text.empty())
         return;
     bool const mayBreak = typeid(stream) != typeid(LogStream) || static_cast<LogStream&>(stream).mayBreak();

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <string>
+#include <string_view>
 
+#include <kova/diagnostics/line_buffer.h>
 #include <kova/stream/KOVAFileOutputStream.h>
 
 class KOVAEvent;
@@ -24,11 +25,22 @@ private:
     bool colour_;
 };
 
-/// The description of the event; "" for an event that has none.
-std::string describe(KOVAEvent& event);
+/// The whole description of an event, however many pieces it is written in; empty for an event that has none.
+class Description final : public KOVAOutputStream {
+public:
+    explicit Description(KOVAEvent& event);
+    void write(char const* const buffer, int count) override;
+    void flush() override {}
+    void close() override {}
+
+    std::string_view text() const noexcept { return text_.view(); }
+
+private:
+    LineBuffer text_;
+};
 
 /// Writes a text with one call of the stream. A stream that is full, closed or broken loses it, and that is
 /// all: no signal, and neither what streams raise nor a standard exception gets out.
-void writeWhole(KOVAOutputStream& stream, std::string const& text);
+void writeWhole(KOVAOutputStream& stream, std::string_view text);
 
 } // namespace kova::detail
