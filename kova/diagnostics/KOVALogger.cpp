@@ -46,7 +46,7 @@ void KOVALogger::offer(KOVAOutputStream* stream, KOVAEventLevel level) {
     std::unique_ptr<KOVAOutputStream> made(stream);
     Initialize(stream, level);
     if (stream_ == stream)
-        made.release();
+        static_cast<void>(made.release());
 }
 
 void KOVALogger::Initialize(std::FILE* file, KOVAEventLevel level) {

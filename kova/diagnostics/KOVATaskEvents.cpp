@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ctime>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <kova/core/results.h>
@@ -232,8 +233,9 @@ void KOVAEndProductEvent::GetFormattedDescription(KOVAOutputStream* stream) {
 KOVAStartReadFileTaskEvent::KOVAStartReadFileTaskEvent(char const* fileName)
     : KOVAStartReadFileTaskEvent(KOVAString(fileName)) {}
 
-KOVAStartReadFileTaskEvent::KOVAStartReadFileTaskEvent(KOVAString const& fileName)
-    : KOVAStartTaskEvent(libraryNames.startReadFile, libraryNames.readFileTask, KOVA_LEVEL_INFO), fileName_(fileName) {}
+KOVAStartReadFileTaskEvent::KOVAStartReadFileTaskEvent(KOVAString fileName)
+    : KOVAStartTaskEvent(libraryNames.startReadFile, libraryNames.readFileTask, KOVA_LEVEL_INFO),
+      fileName_(std::move(fileName)) {}
 
 void KOVAStartReadFileTaskEvent::GetFormattedDescription(KOVAOutputStream* stream) {
     KOVAStreamFormatter out(stream);

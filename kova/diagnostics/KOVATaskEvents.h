@@ -159,7 +159,7 @@ public:
 class KOVA_API KOVAStartReadFileTaskEvent : public KOVAStartTaskEvent {
 public:
     explicit KOVAStartReadFileTaskEvent(char const* fileName);
-    explicit KOVAStartReadFileTaskEvent(KOVAString const& fileName);
+    explicit KOVAStartReadFileTaskEvent(KOVAString fileName);
     void GetFormattedDescription(KOVAOutputStream* out) override;
 
 private:

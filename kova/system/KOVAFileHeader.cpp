@@ -16,7 +16,7 @@ constexpr int kMostModels = 65536;
 
 } // namespace
 
-KOVAFileHeader::KOVAFileHeader() : current_(0) {
+KOVAFileHeader::KOVAFileHeader() {
     models_.resize(1);
 }
 

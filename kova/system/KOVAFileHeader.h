@@ -80,7 +80,7 @@ private:
     KOVIResult ResizeModels(int n);
     KOVATable& model() const;
 
-    std::int32_t current_;
+    std::int32_t current_ = 0;
     KOVADynamicArray<KOVATable> models_;
 };
 
