@@ -27,6 +27,8 @@
 #include <kova/text/KOVAString.h>
 #include <kova/text/KOVAStringTokenizer.h>
 #include <kova/diagnostics/KOVAAssert.h>
+#include <kova/diagnostics/KOVAConsoleLogger.h>
+#include <kova/diagnostics/KOVAConvertedEntitiesInfo.h>
 #include <kova/diagnostics/KOVADebug.h>
 #include <kova/diagnostics/KOVAError.h>
 #include <kova/diagnostics/KOVAErrorTracker.h>
@@ -35,8 +37,13 @@
 #include <kova/diagnostics/KOVAEventLevel.h>
 #include <kova/diagnostics/KOVAEventListener.h>
 #include <kova/diagnostics/KOVAInfo.h>
+#include <kova/diagnostics/KOVAJsonLogger.h>
+#include <kova/diagnostics/KOVALogFileWrapper.h>
+#include <kova/diagnostics/KOVALogger.h>
 #include <kova/diagnostics/KOVAMessageEvents.h>
 #include <kova/diagnostics/KOVAObject.h>
+#include <kova/diagnostics/KOVATaskEvents.h>
+#include <kova/diagnostics/KOVATimingLogger.h>
 #include <kova/diagnostics/KOVATrace.h>
 #include <kova/diagnostics/KOVAVerbose.h>
 #include <kova/diagnostics/KOVAWarning.h>
@@ -44,6 +51,7 @@
 #include <kova/options/KOVAOption.h>
 #include <kova/options/KOVAOptionName.h>
 #include <kova/options/KOVAOptions.h>
+#include <kova/diagnostics/task_pairs.h>
 #include <kova/options/KOVAProperties.h>
 #include <kova/options/KOVAValue.h>
 #include <kova/stream/Gk_IndexedInputStream.h>
@@ -62,6 +70,7 @@
 #include <kova/stream/KOVAStringInputStream.h>
 #include <kova/stream/KOVAStringOutputStream.h>
 #include <kova/system/KOVAEnvironment.h>
+#include <kova/system/KOVAFileHeader.h>
 #include <kova/system/KOVAFilePath.h>
 #include <kova/system/KOVAFloatUtil.h>
 #include <kova/math/Gk_Def.h>

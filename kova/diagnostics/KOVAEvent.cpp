@@ -11,30 +11,16 @@ static_assert(sizeof(void*) != 4 || sizeof(KOVAEvent) == 28);
 
 constexpr kova::detail::LibraryNames kova::detail::libraryNames;
 
-namespace {
-
+using kova::detail::dropName;
+using kova::detail::keepName;
 using kova::detail::libraryNames;
+
+namespace {
 
 bool isBorrowed(void const* name) {
     void const* const begin = &libraryNames;
     void const* const end = &libraryNames + 1;
     return !std::less<>()(name, begin) && std::less<>()(name, end);
-}
-
-char* keep(char const* name) {
-    if (isBorrowed(name))
-        return const_cast<char*>(name);
-    if (!name || !*name)
-        return nullptr;
-    std::size_t const size = std::strlen(name) + 1;
-    char* const copy = new char[size];
-    std::memcpy(copy, name, size);
-    return copy;
-}
-
-void drop(char* name) {
-    if (!isBorrowed(name))
-        delete[] name;
 }
 
 bool same(char const* a, char const* b) {
@@ -54,14 +40,30 @@ constexpr Keyword kKeywords[] = {
 
 } // namespace
 
-KOVAObject::KOVAObject(char const* typeName) : typeName_(keep(typeName)) {}
+char* kova::detail::keepName(char const* name) {
+    if (isBorrowed(name))
+        return const_cast<char*>(name);
+    if (!name || !*name)
+        return nullptr;
+    std::size_t const size = std::strlen(name) + 1;
+    char* const copy = new char[size];
+    std::memcpy(copy, name, size);
+    return copy;
+}
+
+void kova::detail::dropName(char* name) noexcept {
+    if (!isBorrowed(name))
+        delete[] name;
+}
+
+KOVAObject::KOVAObject(char const* typeName) : typeName_(keepName(typeName)) {}
 
 bool KOVAObject::IsKindOf(char const* name) {
     return same(typeName_, name);
 }
 
 KOVAObject::~KOVAObject() {
-    drop(typeName_);
+    dropName(typeName_);
 }
 
 void DeleteKOVAObject(KOVAObject*& object) {
@@ -70,10 +72,11 @@ void DeleteKOVAObject(KOVAObject*& object) {
 }
 
 KOVAEvent::KOVAEvent(char const* eventName, KOVAEventLevel level)
-    : KOVAObject(libraryNames.event), eventName_(keep(eventName)), level_(level), stamped_(0), time_(0), clock_(0) {}
+    : KOVAObject(libraryNames.event), eventName_(keepName(eventName)), level_(level), stamped_(0), time_(0), clock_(0) {
+}
 
 KOVAEvent::~KOVAEvent() {
-    drop(eventName_);
+    dropName(eventName_);
 }
 
 void KOVAEvent::GetFormattedDescription(KOVAOutputStream* /*out*/) {}

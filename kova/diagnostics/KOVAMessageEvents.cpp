@@ -1,10 +1,10 @@
 #include <kova/diagnostics/KOVAMessageEvents.h>
 
 #include <cstring>
-#include <string>
 
 #include <kova/diagnostics/KOVAError.h>
 #include <kova/diagnostics/KOVAEventBus.h>
+#include <kova/diagnostics/line_buffer.h>
 #include <kova/diagnostics/report.h>
 #include <kova/stream/KOVAOutputStream.h>
 
@@ -26,11 +26,12 @@ KOVATextEvent::~KOVATextEvent() {
 void KOVATextEvent::writeLine(KOVAOutputStream* out, char const* prefix) const {
     if (!out)
         return;
-    std::string line(prefix);
+    kova::detail::LineBuffer line;
+    line.append(prefix);
     if (text_)
-        line += text_;
-    line += '\n';
-    out->write(line.data(), static_cast<int>(line.size()));
+        line.append(text_);
+    line.append("\n");
+    out->write(line.view().data(), static_cast<int>(line.view().size()));
     out->flush();
 }
 

@@ -19,9 +19,43 @@ struct LibraryNames {
     char warningEvent[17] = "KOVAWarningEvent";
     char errorEvent[15] = "KOVAErrorEvent";
     char assertEvent[16] = "KOVAAssertEvent";
+
+    char startConversion[29] = "KOVAStartConversionTaskEvent";
+    char endConversion[27] = "KOVAEndConversionTaskEvent";
+    char startOptions[26] = "KOVAStartOptionsTaskEvent";
+    char endOptions[16] = "Options logging";
+    char startPreprocess[36] = "Start Source Document Preprocessing";
+    char startPostprocess[37] = "Start Target Document Postprocessing";
+    char startProduct[14] = "Start Product";
+    char endProduct[12] = "Product End";
+    char startReadFile[27] = "KOVAStartReadFileTaskEvent";
+    char endReadFile[13] = "File Reading";
+    char startReadEntities[30] = "KOVAStarReadEntitiesTaskEvent"; // callers look for this spelling
+    char endReadEntities[15] = "Entity Reading";
+    char startWriteFile[13] = "Writing File";
+    char startRepair[30] = "KOVAStartTranslateRepairEvent";
+    char startStage[30] = "KOVAStartConversionStageEvent";
+    char progress[28] = "KOVAThirdPartyProgressEvent";
+
+    // Task identifiers; some are event names too.
+    char conversionTask[11] = "Conversion";
+    char optionsTask[8] = "Options";
+    char preprocessTask[30] = "Source Document Preprocessing";
+    char postprocessTask[31] = "Target Document Postprocessing";
+    char productTask[8] = "Product";
+    char readFileTask[10] = "Read File";
+    char readEntitiesTask[14] = "Read Entities";
+    char translationTask[12] = "Translation";
+    char writeFileTask[11] = "File Write";
+    char repairTask[7] = "Repair";
 };
 
 extern LibraryNames const libraryNames;
+
+/// A name for an object to keep: borrowed or copied, as said above; null for a null or empty one. dropName
+/// lets it go.
+char* keepName(char const* name);
+void dropName(char* name) noexcept;
 
 // What the reporting calls have in common: format once, bounded, behind the indentation; read the
 // result as a format without arguments; fire it.

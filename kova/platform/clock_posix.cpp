@@ -1,7 +1,6 @@
 #include <kova/platform/clock.h>
 
 #include <chrono>
-#include <ctime>
 
 namespace kova::detail {
 
@@ -19,6 +18,16 @@ std::int64_t performanceCounter() noexcept {
 
 std::int64_t performanceFrequency() noexcept {
     return Clock::period::den / Clock::period::num;
+}
+
+std::tm localTime(std::time_t time) noexcept {
+    std::tm result = {};
+    return ::localtime_r(&time, &result) ? result : std::tm();
+}
+
+std::tm universalTime(std::time_t time) noexcept {
+    std::tm result = {};
+    return ::gmtime_r(&time, &result) ? result : std::tm();
 }
 
 } // namespace kova::detail

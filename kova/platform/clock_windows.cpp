@@ -1,7 +1,5 @@
 #include <kova/platform/clock.h>
 
-#include <ctime>
-
 #include <windows.h>
 
 namespace kova::detail {
@@ -19,6 +17,16 @@ std::int64_t performanceCounter() noexcept {
 std::int64_t performanceFrequency() noexcept {
     LARGE_INTEGER frequency;
     return QueryPerformanceFrequency(&frequency) ? frequency.QuadPart : 0;
+}
+
+std::tm localTime(std::time_t time) noexcept {
+    std::tm result = {};
+    return localtime_s(&result, &time) == 0 ? result : std::tm();
+}
+
+std::tm universalTime(std::time_t time) noexcept {
+    std::tm result = {};
+    return gmtime_s(&result, &time) == 0 ? result : std::tm();
 }
 
 } // namespace kova::detail

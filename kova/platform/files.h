@@ -35,6 +35,9 @@ struct FilePermissions {
 };
 FilePermissions filePermissions(int file) noexcept;
 
+/// A file on a disk: no terminal, pipe or device.
+bool isPlainFile(int file) noexcept;
+
 /// As fopen, errno included; a folder does not open.
 std::FILE* openStream(unsigned short const* name, unsigned short const* mode);
 bool removeFile(unsigned short const* name);

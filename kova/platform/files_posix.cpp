@@ -97,6 +97,11 @@ FilePermissions filePermissions(int file) noexcept {
     return {(status.st_mode & S_IRUSR) != 0, (status.st_mode & S_IWUSR) != 0};
 }
 
+bool isPlainFile(int file) noexcept {
+    struct stat status;
+    return ::fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 std::FILE* openStream(unsigned short const* name, unsigned short const* mode) {
     if (!name || !mode) {
         errno = name ? EINVAL : ENOENT;

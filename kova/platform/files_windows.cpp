@@ -72,6 +72,11 @@ FilePermissions filePermissions(int file) noexcept {
     return {(status.st_mode & _S_IREAD) != 0, (status.st_mode & _S_IWRITE) != 0};
 }
 
+bool isPlainFile(int file) noexcept {
+    struct _stat status;
+    return _fstat(file, &status) == 0 && (status.st_mode & _S_IFMT) == _S_IFREG;
+}
+
 std::FILE* openStream(unsigned short const* name, unsigned short const* mode) {
     if (!name || !mode) {
         errno = name ? EINVAL : ENOENT;

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <limits>
+#include <string>
 #include <type_traits>
 
 /// Numbers as printf and strtol have them in the "C" locale, without asking the locale.
@@ -18,6 +19,12 @@ inline char* formatFixed(double value, char* buffer) noexcept {
     if (std::isnan(value)) // C runtimes differ in the sign that they show
         return buffer + std::snprintf(buffer, kLongestFixed, "%f", value);
     return std::to_chars(buffer, buffer + kLongestFixed, value, std::chars_format::fixed, 6).ptr;
+}
+
+/// What "%.*f" prints, for a precision of up to six digits.
+inline std::string fixedText(double value, int precision) {
+    char text[kLongestFixed];
+    return {text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, precision).ptr};
 }
 
 inline bool isSpace(char c) noexcept {

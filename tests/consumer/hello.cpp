@@ -1,13 +1,7 @@
 #include <kova/kova.h>
 
-struct Printer : KOVAEventListener {
-    void HandleEvent(KOVAEvent& event) override { event.GetFormattedDescription(&KOVAFileOutputStream::console); }
-};
-
 int main() {
-    Printer printer;
-    KOVAEventBus::GetEventBus().AddListener(&printer);
+    KOVAConsoleLogger::SetUp(-1);
     KOVAFilePath const path = KOVAFilePath("models/part.stl").ReplaceLastExtension("obj");
     KOVAInfo::Printf("%s is %s", (char const*)path, path.DoesFileExist() ? "here" : "not here");
-    KOVAEventBus::GetEventBus().RemoveListener(&printer);
 }

@@ -1,0 +1,15 @@
+#include <kova/platform/terminal.h>
+
+#include <cstdlib>
+#include <cstring>
+
+#include <unistd.h>
+
+namespace kova::detail {
+
+bool showsColour(int file) noexcept {
+    char const* const kind = std::getenv("TERM");
+    return kind && std::strcmp(kind, "dumb") != 0 && ::isatty(file) == 1;
+}
+
+} // namespace kova::detail
