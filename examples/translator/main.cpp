@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include <kova/diagnostics/KOVAError.h>
+
 #include "ConsoleListener.h"
 #include "OptionTable.h"
 #include "Translation.h"
@@ -73,8 +75,10 @@ KOVIResult readOptions(CommandLine const& line, translator::OptionTable& options
 }
 
 KOVIResult run(CommandLine const& line) {
-    if (line.names.size() != 2 && !(line.names.empty() && line.showsOptions))
-        return fail(kInvalidArgument, "kova-translate", kNowhere, "two file names are wanted\n%s", kUsage);
+    if (line.names.size() != 2 && !(line.names.empty() && line.showsOptions)) {
+        KOVAError::Printf("two file names are wanted\n%s", kUsage);
+        return kInvalidArgument;
+    }
     translator::OptionTable options;
     KOVIResult const result = readOptions(line, options);
     if (result.IsFailure())

@@ -28,7 +28,7 @@ expect_run(0 "^back.stl: ASCII STL, 4512 triangles\n.*again.stl: binary STL, 451
   back.stl again.stl)
 
 expect_run(13 "^$" "^Error : none.stl: cannot be opened: No such file or directory\n$" none.stl none.obj)
-expect_run(11 "^$" "^Error : kova-translate: two file names are wanted\nusage: " flanged-bearing.stl)
+expect_run(11 "^$" "^Error : two file names are wanted\nusage: " flanged-bearing.stl)
 expect_run(11 "^$" "^Error : --x%s: no such option\nusage: " flanged-bearing.stl --x%s out.obj)
 expect_run(0 "^usage: kova-translate INPUT OUTPUT .*--show-options .*KOVA/XMesh/.*the failure.\n$" "^$" --help)
 expect_run(0 "^kova-translate [0-9]+\\.[0-9]+\\.[0-9]+\n$" "^$" --version)
