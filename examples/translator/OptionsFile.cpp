@@ -7,11 +7,27 @@
 
 namespace translator {
 
+namespace {
+
+/// Some editors put one in front.
+void skipByteOrderMark(std::FILE* file) {
+    for (int const wanted : {0xEF, 0xBB, 0xBF}) {
+        int const c = std::getc(file);
+        if (c != wanted) {
+            std::ungetc(c, file);
+            return;
+        }
+    }
+}
+
+} // namespace
+
 KOVIResult OptionsFile::read(char const* file) {
     KOVIResult result = kSuccess;
     File const stream = openToRead(file, result);
     if (!stream)
         return result;
+    skipByteOrderMark(stream.get());
     KOVACfgFileSection* const options = createSection("");
     KOVACfgFileSection* current = options;
     int keys = 0;

@@ -1,5 +1,6 @@
 #include <kova/options/KOVACfgFile.h>
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstring>
 #include <memory>
@@ -191,8 +192,7 @@ void KOVACfgFile::flagError(char const* format, ...) {
 void KOVACfgFile::removeWhiteSpaces(char* text) {
     std::string_view rest(text);
     constexpr char kRemoved[] = "\t \r\n\"";
-    std::size_t const first = rest.find_first_not_of(kRemoved);
-    rest = first == std::string_view::npos ? std::string_view() : rest.substr(first);
+    rest.remove_prefix(std::min(rest.find_first_not_of(kRemoved), rest.size()));
     rest = rest.substr(0, rest.find_last_not_of(kRemoved) + 1);
     std::memmove(text, rest.data(), rest.size());
     text[rest.size()] = '\0';

@@ -47,7 +47,7 @@ TEST_F(TranslatorOptions, LaterSourcesWin) {
         int digits;
     } const rows[] = {
         {{}, {}, "", "0     default", 0},
-        {{"#\n\n/XMesh/Export/Digits=1\n"}, {}, "", "1     file options/0, line 3", 1},
+        {{"\xEF\xBB\xBF#\n\n/XMesh/Export/Digits=1\n"}, {}, "", "1     file options/0, line 3", 1},
         {{"/XMesh/Export/Digits=1\n/XMESH/export/DIGITS : 2"}, {}, "", "2     file options/0, line 2", 2},
         {{"/XMesh/Export/Digits=1", "\"/XMesh/Export/Digits\"=\"3\""}, {}, "", "3     file options/1, line 1", 3},
         {{"/XMesh/Export/Digits=1", "/STL/Export/Ascii=no"}, {}, "", "1     file options/0, line 1", 1},
