@@ -39,6 +39,16 @@ file(WRITE ${folder}/bad.options "/XMesh/Export/Digits=3\n/XMesh/Import/WeldTool
 set(mistakes "^Error : bad.options: unknown option '/XMesh/Import/WeldTool'; did you mean '/XMesh/Import/WeldTol'. \\(line 2\\)
 Error : bad.options: NAME=VALUE should stand here \\(line 3\\)
 Error : --set: '/STL/Export/Ascii' takes On or Off, not '100%s'\n$")
+expect_run(0 "^/STL/Export/Ascii         bool    Off   [^\n]+
+/XMesh/Export/Digits      int     0     [^\n]+
+/XMesh/Import/WeldTol     double  0     [^\n]+
+/XMesh/Import/Degenerate  string  keep  [^\n]+\n$" "^$" --list-options)
+expect_run(11 "^$" "${mistakes}" flanged-bearing.stl no.obj --options bad.options --set /STL/Export/Ascii=100%s)
+expect_run(11 "^$" "^Error : --set: NAME=VALUE should follow\nusage: " --set)
+expect_run(13 "^$" "^Error : none: cannot be opened: No such file" --show-options --options none)
+if(EXISTS ${folder}/no.obj)
+  message(FATAL_ERROR "no.obj was written in spite of mistakes in the options")
+endif()
 # An emulator may begin with an environment of its own.
 list(LENGTH program words)
 if(words EQUAL 1)
@@ -56,16 +66,6 @@ set(shown "/STL/Export/Ascii         On    command line
 /XMesh/Import/Degenerate  drop  file mesh.options, line 3
 ")
 set(warnings "^Warning : mesh.options: '/XGeneric/SewBody' has no effect here \\(line 4\\)\n${overridden}$")
-expect_run(0 "^/STL/Export/Ascii         bool    Off   [^\n]+
-/XMesh/Export/Digits      int     0     [^\n]+
-/XMesh/Import/WeldTol     double  0     [^\n]+
-/XMesh/Import/Degenerate  string  keep  [^\n]+\n$" "^$" --list-options)
-expect_run(11 "^$" "${mistakes}" flanged-bearing.stl no.obj --options bad.options --set /STL/Export/Ascii=100%s)
-expect_run(11 "^$" "^Error : --set: NAME=VALUE should follow\nusage: " --set)
-expect_run(13 "^$" "^Error : none: cannot be opened: No such file" --show-options --options none)
-if(EXISTS ${folder}/no.obj)
-  message(FATAL_ERROR "no.obj was written in spite of mistakes in the options")
-endif()
 expect_run(0 "^${shown}$" "${warnings}" --show-options --ascii ${digits} --options mesh.options)
 expect_run(0 "^${shown}flanged-bearing.stl: .*\nflanged-bearing.stl: 0 triangles without area dropped\n" "${warnings}"
   --show-options --options mesh.options --ascii flanged-bearing.stl ${digits} rounded.stl)
