@@ -4,6 +4,17 @@
 
 namespace translator {
 
+ObjWriter::ObjWriter(KOVAOutputStream& stream, Settings const& settings)
+    : TriangleSink(settings.degenerate), out_(stream), digits_(settings.digits) {
+    if (settings.weldTolerance > 0)
+        grid_.emplace(settings.weldTolerance);
+}
+
+/// Vertices that were made one, or left out, are not all that came.
+std::optional<std::size_t> ObjWriter::vertices() const {
+    return grid_ || dropped() > 0 ? std::nullopt : std::make_optional(shared().size());
+}
+
 void ObjWriter::reserve(std::size_t triangles) {
     faces_.reserve(triangles);
     // A closed surface has half as many vertices as triangles.
@@ -21,9 +32,25 @@ void ObjWriter::part(std::string_view name) {
 }
 
 void ObjWriter::add(Vertex const& a, Vertex const& b, Vertex const& c) {
-    std::uint32_t const first = table_.add(a);
-    std::uint32_t const second = table_.add(b);
-    faces_.push_back({first, second, table_.add(c)});
+    std::size_t const before = shared().size();
+    std::uint32_t const first = number(a);
+    std::uint32_t const second = number(b);
+    Face const face = {first, second, number(c)};
+    if (keepsAll() || !dropsFace(face))
+        faces_.push_back(face);
+    else
+        removeFrom(before);
+}
+
+bool ObjWriter::dropsFace(Face const& face) {
+    std::vector<Vertex> const& vertices = shared();
+    return drops(vertices[face[0] - 1], vertices[face[1] - 1], vertices[face[2] - 1]);
+}
+
+/// Removes vertices that only a dropped face has.
+void ObjWriter::removeFrom(std::size_t vertices) {
+    while (shared().size() > vertices)
+        grid_ ? grid_->removeLast() : table_.removeLast();
 }
 
 void ObjWriter::writeFaces(std::size_t begin, std::size_t end) {
@@ -44,8 +71,8 @@ void ObjWriter::writeName(std::string_view name) {
 
 void ObjWriter::finish() {
     dropEmptyPart();
-    for (Vertex const& vertex : table_.vertices())
-        out_.use(putVertex(out_.room(kLongestRecord), "v", vertex));
+    for (Vertex const& vertex : shared())
+        out_.use(putVertex(out_.room(kLongestRecord), "v", vertex, digits_));
     for (std::size_t i = 0; i < parts_.size(); ++i) {
         bool const isLast = i + 1 == parts_.size();
         // What has no name does not belong to the part before.
@@ -57,8 +84,7 @@ void ObjWriter::finish() {
 }
 
 std::string ObjWriter::description() const {
-    return "OBJ, " + std::to_string(faces_.size()) + " faces, " + std::to_string(table_.vertices().size()) +
-           " vertices";
+    return "OBJ, " + std::to_string(faces_.size()) + " faces, " + std::to_string(shared().size()) + " vertices";
 }
 
 } // namespace translator

@@ -1,25 +1,11 @@
 #include "OutputFile.h"
 
 #include <algorithm>
-#include <string>
 #include <system_error>
 
 #include <kova/system/KOVAFilePath.h>
 
 namespace translator {
-
-std::filesystem::path systemPath(char const* name) {
-    using Unit = std::filesystem::path::value_type;
-    if constexpr (sizeof(Unit) == 1) {
-        std::string text(name);
-        std::replace(text.begin(), text.end(), '\\', '/');
-        return text;
-    } else {
-        KOVAString const text = KOVAFilePath(name).GetPath();
-        unsigned short const* const units = text;
-        return std::basic_string<Unit>(units, units + text.length());
-    }
-}
 
 OutputFile::OutputFile(char const* name)
     : KOVAOutputStream(nullptr), name_(name), file_(KOVAFilePath(name).OpenFile(KOVAString("wb"))),

@@ -1,22 +1,13 @@
 #pragma once
 
-#include <cstdio>
-#include <filesystem>
-#include <memory>
 #include <string_view>
 
 #include <kova/stream/KOVAFileDescriptor.h>
 #include <kova/stream/KOVAOutputStream.h>
 
+#include "files.h"
+
 namespace translator {
-
-struct CloseFile {
-    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
-/// The name as the standard library's file operations take it: in the system's own encoding.
-std::filesystem::path systemPath(char const* name);
 
 /// A new binary file that is removed again unless it is kept. (The file itself where the name is a link to
 /// it, and never a device.) It counts what the system takes, and is silent about what it refuses.

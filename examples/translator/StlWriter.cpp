@@ -14,15 +14,7 @@ namespace {
 
 /// Of length 1, to the side from which the corners turn left; all zeros for a triangle without area.
 Vertex normal(Vertex const& a, Vertex const& b, Vertex const& c) noexcept {
-    double const ux = double{b.x} - a.x;
-    double const uy = double{b.y} - a.y;
-    double const uz = double{b.z} - a.z;
-    double const vx = double{c.x} - a.x;
-    double const vy = double{c.y} - a.y;
-    double const vz = double{c.z} - a.z;
-    double const x = uy * vz - uz * vy;
-    double const y = uz * vx - ux * vz;
-    double const z = ux * vy - uy * vx;
+    auto const [x, y, z] = areaVector(a, b, c);
     double const length = std::sqrt(x * x + y * y + z * z);
     if (length == 0)
         return {};
@@ -48,7 +40,8 @@ char* putCoordinates(char* to, Vertex const& v) noexcept {
 
 } // namespace
 
-BinaryStlWriter::BinaryStlWriter(OutputFile& file) : file_(file), out_(file) {
+BinaryStlWriter::BinaryStlWriter(OutputFile& file, Settings const& settings)
+    : TriangleSink(settings.degenerate), file_(file), out_(file) {
     // Readers take "solid" for the beginning of an ASCII file.
     std::string header = "binary STL by kova-translate";
     header.resize(kStlHeaderSize);
@@ -56,7 +49,9 @@ BinaryStlWriter::BinaryStlWriter(OutputFile& file) : file_(file), out_(file) {
 }
 
 void BinaryStlWriter::add(Vertex const& a, Vertex const& b, Vertex const& c) {
-    if (triangles() > std::numeric_limits<std::uint32_t>::max())
+    if (drops(a, b, c))
+        return;
+    if (written() > std::numeric_limits<std::uint32_t>::max())
         throw std::length_error("more than 4294967295 triangles, which binary STL cannot count");
     char* to = putCoordinates(out_.room(kStlFacetSize), normal(a, b, c));
     to = putCoordinates(putCoordinates(putCoordinates(to, a), b), c);
@@ -68,12 +63,12 @@ void BinaryStlWriter::add(Vertex const& a, Vertex const& b, Vertex const& c) {
 void BinaryStlWriter::finish() {
     out_.flush();
     char count[4];
-    putUnsigned(count, static_cast<std::uint32_t>(triangles()));
+    putUnsigned(count, static_cast<std::uint32_t>(written()));
     file_.overwrite(kStlCountAt, {count, sizeof count});
 }
 
 std::string BinaryStlWriter::description() const {
-    return "binary STL, " + std::to_string(triangles()) + " triangles";
+    return "binary STL, " + std::to_string(written()) + " triangles";
 }
 
 void AsciiStlWriter::writeLine(std::string_view word) {
@@ -92,18 +87,20 @@ void AsciiStlWriter::part(std::string_view name) {
 }
 
 void AsciiStlWriter::add(Vertex const& a, Vertex const& b, Vertex const& c) {
+    if (drops(a, b, c))
+        return;
     if (!isOpen_)
         writeLine("solid");
     isOpen_ = true;
-    char* to = putVertex(out_.room(kLongestRecord), "  facet normal", normal(a, b, c));
+    char* to = putVertex(out_.room(kLongestRecord), "  facet normal", normal(a, b, c), digits_);
     to = put(to, "    outer loop\n");
     for (Vertex const* const corner : {&a, &b, &c})
-        to = putVertex(to, "      vertex", *corner);
+        to = putVertex(to, "      vertex", *corner, digits_);
     out_.use(put(to, "    endloop\n  endfacet\n"));
 }
 
 void AsciiStlWriter::finish() {
-    if (triangles() == 0) {
+    if (written() == 0) {
         name_.clear();
         writeLine("solid");
         isOpen_ = true;
@@ -113,7 +110,7 @@ void AsciiStlWriter::finish() {
 }
 
 std::string AsciiStlWriter::description() const {
-    return "ASCII STL, " + std::to_string(triangles()) + " triangles";
+    return "ASCII STL, " + std::to_string(written()) + " triangles";
 }
 
 } // namespace translator

@@ -14,7 +14,7 @@ namespace translator {
 /// the count stands in front of the triangles.
 class BinaryStlWriter : public TriangleSink {
 public:
-    explicit BinaryStlWriter(OutputFile& file);
+    BinaryStlWriter(OutputFile& file, Settings const& settings);
 
     void part(std::string_view /*name*/) override {}
     void finish() override;
@@ -30,11 +30,11 @@ private:
     KOVABlockWriter out_;
 };
 
-/// Writes ASCII STL: a solid for each part that has triangles, normals computed from the corners, and
-/// numbers with the fewest digits that keep them exactly.
+/// Writes ASCII STL: a solid for each part that has triangles, and normals computed from the corners.
 class AsciiStlWriter : public TriangleSink {
 public:
-    explicit AsciiStlWriter(KOVAOutputStream& stream) : out_(stream) {}
+    AsciiStlWriter(KOVAOutputStream& stream, Settings const& settings)
+        : TriangleSink(settings.degenerate), out_(stream), digits_(settings.digits) {}
 
     void part(std::string_view name) override;
     void finish() override;
@@ -48,6 +48,7 @@ private:
     void writeLine(std::string_view word);
 
     KOVABlockWriter out_;
+    int digits_;
     std::string name_;
     bool isOpen_ = false;
 };

@@ -16,6 +16,7 @@
 #include "OutputFile.h"
 #include "StlReader.h"
 #include "StlWriter.h"
+#include "files.h"
 #include "report.h"
 
 namespace translator {
@@ -24,13 +25,13 @@ namespace {
 
 enum class Format { Obj, BinaryStl, AsciiStl };
 
-std::unique_ptr<TriangleSink> makeWriter(Format format, OutputFile& file) {
+std::unique_ptr<TriangleSink> makeWriter(Format format, OutputFile& file, Settings const& settings) {
     switch (format) {
-    case Format::Obj: return std::make_unique<ObjWriter>(file);
-    case Format::AsciiStl: return std::make_unique<AsciiStlWriter>(file);
+    case Format::Obj: return std::make_unique<ObjWriter>(file, settings);
+    case Format::AsciiStl: return std::make_unique<AsciiStlWriter>(file, settings);
     case Format::BinaryStl: break;
     }
-    return std::make_unique<BinaryStlWriter>(file);
+    return std::make_unique<BinaryStlWriter>(file, settings);
 }
 
 std::unique_ptr<ModelReader> makeReader(KOVAInputStream& stream, long long size, char const* name) {
@@ -44,19 +45,23 @@ bool isSameFile(char const* a, char const* b) {
     return std::filesystem::equivalent(systemPath(a), systemPath(b), error);
 }
 
-void report(char const* input, ModelReader const& reader, char const* output, TriangleSink const& writer) {
+void report(char const* input, ModelReader const& reader, char const* output, TriangleSink const& writer,
+            Degenerate degenerate) {
     Box const box = writer.boundingBox();
     // What is added makes 0 of -0.
     auto const shown = [](float coordinate) { return static_cast<double>(coordinate) + 0.0; };
     inform(input, "%s", reader.description(writer).c_str());
     inform(input, "bounding box (%g, %g, %g) to (%g, %g, %g)", shown(box.low.x), shown(box.low.y), shown(box.low.z),
            shown(box.high.x), shown(box.high.y), shown(box.high.z));
+    if (degenerate == Degenerate::Drop)
+        inform(input, "%lld triangles without area dropped", writer.dropped());
     inform(output, "%s, %lld bytes", writer.description().c_str(), writer.bytes());
 }
 
 /// From the opened input to the output, which is created here: a fault in the input's name costs no
 /// earlier output.
-KOVIResult translate(std::FILE* inputFile, char const* input, char const* output, Format format) {
+KOVIResult translate(std::FILE* inputFile, char const* input, char const* output, Format format,
+                     Settings const& settings) {
     KOVAFileDescriptorHandle const descriptor(new KOVAFileDescriptor(inputFile, KOVAFileDescriptor::Read));
     KOVAFileInputStream stream(inputFile);
     OutputFile file(output);
@@ -66,7 +71,7 @@ KOVIResult translate(std::FILE* inputFile, char const* input, char const* output
         return fail(kFileOpenError, output, kNowhere,
                     "binary STL needs a file, not a pipe or a device; write ASCII (--ascii) or OBJ instead");
     std::unique_ptr<ModelReader> const reader = makeReader(stream, descriptor->fileSize(), input);
-    std::unique_ptr<TriangleSink> const writer = makeWriter(format, file);
+    std::unique_ptr<TriangleSink> const writer = makeWriter(format, file, settings);
     KOVIResult const result = reader->read(*writer);
     if (result.IsFailure())
         return result;
@@ -74,28 +79,26 @@ KOVIResult translate(std::FILE* inputFile, char const* input, char const* output
     if (!file.keep())
         return fail(kFileSaveError, output, atByte(file.size()),
                     "only %lld of %lld bytes could be written; is the disk full?", file.size(), writer->bytes());
-    report(input, *reader, output, *writer);
-    return writer->triangles() == 0 ? kNoEntity : kSuccess;
+    report(input, *reader, output, *writer, settings.degenerate);
+    return writer->written() == 0 ? kNoEntity : kSuccess;
 }
 
 } // namespace
 
-KOVIResult translate(char const* input, char const* output, StlEncoding encoding) {
+KOVIResult translate(char const* input, char const* output, Settings const& settings) {
     bool const toObj = KOVAFilePath(output).HasExtension("obj");
     if (!toObj && !KOVAFilePath(output).HasExtension("stl"))
         return fail(kInvalidArgument, output, kNowhere,
                     "not a format that can be written; name a file that ends in .obj or .stl");
-    Format const format = toObj ? Format::Obj : encoding == StlEncoding::Ascii ? Format::AsciiStl : Format::BinaryStl;
+    Format const format = toObj ? Format::Obj : settings.ascii ? Format::AsciiStl : Format::BinaryStl;
     if (isSameFile(input, output))
         return fail(kInvalidArgument, output, kNowhere, "is the input too; name another file to write");
     try {
-        File const file(KOVAFilePath(input).OpenFile(KOVAString("rb")));
-        if (!file) {
-            int const error = errno;
-            return fail(error == ENOENT ? kFileNotFound : kFileOpenError, input, kNowhere, "cannot be opened: %s",
-                        std::strerror(error));
-        }
-        return translate(file.get(), input, output, format);
+        KOVIResult result = kSuccess;
+        File const file = openToRead(input, result);
+        return file ? translate(file.get(), input, output, format, settings) : result;
+    } catch (TriangleWithoutArea const& e) {
+        return fail(kInvalidFile, input, kNowhere, "%s", e.what());
     } catch (std::exception const& e) {
         return fail(kUnexpectedError, input, kNowhere, "%s", e.what());
     } catch (Gk_Exception const&) {

@@ -2,14 +2,13 @@
 
 #include <kova/core/KOVIResult.h>
 
-namespace translator {
+#include "Settings.h"
 
-/// How STL is written; OBJ is always text.
-enum class StlEncoding { Binary, Ascii };
+namespace translator {
 
 /// Translates a file: OBJ where its name ends in ".obj", else STL, to OBJ or STL by the name of `output`.
 /// Reports what was read and written as messages. A failure is reported as one error and leaves no output
 /// file behind.
-KOVIResult translate(char const* input, char const* output, StlEncoding encoding = StlEncoding::Binary);
+KOVIResult translate(char const* input, char const* output, Settings const& settings = {});
 
 } // namespace translator

@@ -7,16 +7,10 @@
 #include <string>
 #include <string_view>
 
+#include "Settings.h"
+#include "triangles.h"
+
 namespace translator {
-
-struct Vertex {
-    float x, y, z;
-};
-
-/// 0 and -0 are equal.
-inline bool operator==(Vertex const& a, Vertex const& b) noexcept {
-    return a.x == b.x && a.y == b.y && a.z == b.z;
-}
 
 /// The smallest box around vertices.
 struct Box {
@@ -34,7 +28,7 @@ struct Box {
 /// its format forces it to.
 class TriangleSink {
 public:
-    TriangleSink() = default;
+    explicit TriangleSink(Degenerate degenerate) : degenerate_(degenerate) {}
     TriangleSink(TriangleSink const&) = delete;
     TriangleSink& operator=(TriangleSink const&) = delete;
     virtual ~TriangleSink() = default;
@@ -43,7 +37,7 @@ public:
     virtual void reserve(std::size_t /*triangles*/) {}
     /// The triangles that follow belong to a new part; an empty name is none.
     virtual void part(std::string_view name) = 0;
-    /// The corners must be finite.
+    /// The corners must be finite. Throws TriangleWithoutArea where it has none, if it is to fail then.
     void triangle(Vertex const& a, Vertex const& b, Vertex const& c) {
         ++triangles_;
         box_.add(a);
@@ -61,15 +55,33 @@ public:
     /// Bytes handed to the stream.
     virtual long long bytes() const noexcept = 0;
 
+    /// All that came.
     long long triangles() const noexcept { return triangles_; }
+    /// Those without area that were not written.
+    long long dropped() const noexcept { return dropped_; }
+    long long written() const noexcept { return triangles_ - dropped_; }
     /// All zeros without triangles.
     Box boundingBox() const noexcept { return triangles_ == 0 ? Box{{}, {}} : box_; }
 
 protected:
     virtual void add(Vertex const& a, Vertex const& b, Vertex const& c) = 0;
+    bool keepsAll() const noexcept { return degenerate_ == Degenerate::Keep; }
+    /// Whether the triangle, as it would be written, is to be left out; it is then counted.
+    bool drops(Vertex const& a, Vertex const& b, Vertex const& c) {
+        return !keepsAll() && hasNoArea(a, b, c) && drop();
+    }
 
 private:
+    bool drop() {
+        ++dropped_;
+        if (degenerate_ == Degenerate::Fail)
+            throw TriangleWithoutArea(triangles_);
+        return true;
+    }
+
+    Degenerate degenerate_;
     long long triangles_ = 0;
+    long long dropped_ = 0;
     Box box_;
 };
 

@@ -45,6 +45,15 @@ std::uint32_t VertexTable::add(Vertex const& v) {
     return number;
 }
 
+/// Leaves no gap that a search would end at: whatever was put behind it is gone already.
+void VertexTable::removeLast() {
+    std::size_t slot = firstSlot(vertices_.back());
+    while (slots_[slot] != vertices_.size())
+        slot = nextSlot(slot);
+    slots_[slot] = 0;
+    vertices_.pop_back();
+}
+
 /// The old slots go first: the vertices are all that is needed to fill the new ones.
 void VertexTable::grow() {
     std::size_t const size = 2 * slots_.size();

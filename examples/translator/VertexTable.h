@@ -17,6 +17,7 @@ public:
     void reserve(std::size_t vertices) { vertices_.reserve(vertices); }
     /// The vertex's number, from 1. Throws std::length_error where 32 bits cannot count any further.
     std::uint32_t add(Vertex const& v);
+    void removeLast();
 
     std::vector<Vertex> const& vertices() const noexcept { return vertices_; }
 

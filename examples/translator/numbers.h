@@ -1,6 +1,7 @@
 #pragma once
 
 #include <charconv>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -17,15 +18,25 @@ inline char* put(char* to, std::string_view text) noexcept {
     return to + text.size();
 }
 
-/// A blank and the number, with the fewest digits that give the same number again.
-template <class Number> char* putNumber(char* to, Number value) noexcept {
+/// A blank and the number.
+inline char* putNumber(char* to, std::uint32_t value) noexcept {
     *to = ' ';
     return std::to_chars(to + 1, to + 32, value).ptr;
 }
 
+/// The same, with so many significant digits; 0 for the fewest that give the same number again.
+inline char* putNumber(char* to, float value, int digits) noexcept {
+    *to = ' ';
+    return (digits == 0 ? std::to_chars(to + 1, to + 32, value)
+                        : std::to_chars(to + 1, to + 32, value, std::chars_format::general, digits))
+        .ptr;
+}
+
 /// A line: the word and three coordinates.
-inline char* putVertex(char* to, std::string_view word, Vertex const& v) noexcept {
-    to = putNumber(putNumber(putNumber(put(to, word), v.x), v.y), v.z);
+inline char* putVertex(char* to, std::string_view word, Vertex const& v, int digits) noexcept {
+    to = put(to, word);
+    for (float const coordinate : {v.x, v.y, v.z})
+        to = putNumber(to, coordinate, digits);
     return put(to, "\n");
 }
 

@@ -7,6 +7,7 @@
 
 #include <kova/diagnostics/KOVAError.h>
 #include <kova/diagnostics/KOVAInfo.h>
+#include <kova/diagnostics/KOVAWarning.h>
 
 #include "characters.h"
 
@@ -30,17 +31,31 @@ std::string protectedPercents(std::string const& text) {
     return result;
 }
 
+/// "FILE: text (line N)".
+std::string placed(char const* file, Place place, std::string const& text) {
+    std::string result = std::string(file) + ": " + text;
+    if (place.kind != Place::Nowhere)
+        result += (place.kind == Place::Line ? " (line " : " (byte offset ") + std::to_string(place.number) + ")";
+    return protectedPercents(result);
+}
+
 } // namespace
 
 KOVIResult fail(KOVIResult result, char const* file, Place place, char const* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
-    std::string text = std::string(file) + ": " + formatted(format, arguments);
+    std::string const text = placed(file, place, formatted(format, arguments));
     va_end(arguments);
-    if (place.kind != Place::Nowhere)
-        text += (place.kind == Place::Line ? " (line " : " (byte offset ") + std::to_string(place.number) + ")";
-    KOVAError::Printf("%s", protectedPercents(text).c_str());
+    KOVAError::Printf("%s", text.c_str());
     return result;
+}
+
+void warn(char const* file, Place place, char const* format, ...) {
+    std::va_list arguments;
+    va_start(arguments, format);
+    std::string const text = placed(file, place, formatted(format, arguments));
+    va_end(arguments);
+    KOVAWarning::Printf("%s", text.c_str());
 }
 
 KOVIResult failUnexpected(char const* file, Place place, std::string_view word, char const* wanted) {
@@ -61,9 +76,17 @@ std::string printable(std::string_view text) {
 void inform(char const* file, char const* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
-    std::string const text = std::string(file) + ": " + formatted(format, arguments);
+    std::string const text = placed(file, kNowhere, formatted(format, arguments));
     va_end(arguments);
-    KOVAInfo::PrintfAsItIs("%s", protectedPercents(text).c_str());
+    KOVAInfo::PrintfAsItIs("%s", text.c_str());
+}
+
+void print(std::string_view text) {
+    while (!text.empty()) {
+        std::size_t const end = std::min(text.find('\n'), text.size());
+        KOVAInfo::PrintfAsItIs("%s", protectedPercents(std::string(text.substr(0, end))).c_str());
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
 }
 
 } // namespace translator

@@ -40,6 +40,9 @@ constexpr Place atLine(long long number) noexcept {
 /// Fires one error event, "FILE: what is wrong (byte offset N)" or "(line N)", and returns the result.
 KOVIResult fail(KOVIResult result, char const* file, Place place, char const* format, ...) KOVA_PRINTF(4, 5);
 
+/// Fires one warning, in the same form.
+void warn(char const* file, Place place, char const* format, ...) KOVA_PRINTF(3, 4);
+
 /// Fails because a word is not what the format wants there; an empty one, because the file (or, where the
 /// place is a line, the line) ends.
 KOVIResult failUnexpected(char const* file, Place place, std::string_view word, char const* wanted);
@@ -49,5 +52,8 @@ std::string printable(std::string_view text);
 
 /// Fires one message, "FILE: text".
 void inform(char const* file, char const* format, ...) KOVA_PRINTF(2, 3);
+
+/// Fires one message for each line.
+void print(std::string_view text);
 
 } // namespace translator

@@ -212,21 +212,25 @@ KOVIResult KOVACfgFile::Load(std::FILE* file) {
     if (!file)
         return kInvalidArgument;
     KOVACfgFileSection* current = createSection("");
-    char line[kLineSize];
-    long number = 1;
-    for (int length = readLine(line, file); length > 0; length = readLine(line, file), ++number) {
-        bool const hasZero = std::memchr(line, 0, static_cast<std::size_t>(length)) != nullptr;
-        removeWhiteSpaces(line);
-        if (hasZero)
-            flagError("Incorrect syntax: line %ld:%s *** \"key=value\" expected", number, line);
-        else if (*line && *line != '#' && *line != ';')
-            loadLine(line, number, current);
-    }
+    for (long number = 1; loadLine(file, number, current);)
+        ++number;
     return errors_.size() > 0 ? kFailure : kSuccess;
 }
 
+bool KOVACfgFile::loadLine(std::FILE* file, long number, KOVACfgFileSection*& current) {
+    char line[kLineSize];
+    int const length = readLine(line, file);
+    bool const hasZero = std::memchr(line, 0, static_cast<std::size_t>(length)) != nullptr;
+    removeWhiteSpaces(line);
+    if (hasZero)
+        flagError("Incorrect syntax: line %ld:%s *** \"key=value\" expected", number, line);
+    else if (*line && *line != '#' && *line != ';')
+        parseLine(line, number, current);
+    return length > 0;
+}
+
 /// A trimmed line that is neither empty nor a comment.
-void KOVACfgFile::loadLine(char* line, long number, KOVACfgFileSection*& current) {
+void KOVACfgFile::parseLine(char* line, long number, KOVACfgFileSection*& current) {
     if (*line == '[') {
         char* const end = std::strrchr(line, ']');
         if (!end) {

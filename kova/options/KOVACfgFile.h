@@ -112,10 +112,13 @@ protected:
     KOVACfgFileSection* createSection(char const* name);
     /// Null when there is none; a null name is "".
     KOVACfgFileSection* findSection(char const* name) const;
+    /// What Load does with each line: reads the next and adds its key to the current section, records an error
+    /// with the line's number, or changes the section. False at the end.
+    bool loadLine(std::FILE* file, long number, KOVACfgFileSection*& current);
 
 private:
     KOVACfgFileKey* findKey(char const* key, char const* section) const;
-    void loadLine(char* line, long number, KOVACfgFileSection*& current);
+    void parseLine(char* line, long number, KOVACfgFileSection*& current);
     void removeSections();
 
     KOVADynamicArray<KOVACfgFileSection*> sections_;

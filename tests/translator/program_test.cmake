@@ -30,5 +30,46 @@ expect_run(0 "^back.stl: ASCII STL, 4512 triangles\n.*again.stl: binary STL, 451
 expect_run(13 "^$" "^Error : none.stl: cannot be opened: No such file or directory\n$" none.stl none.obj)
 expect_run(11 "^$" "^Error : two file names are wanted\nusage: " flanged-bearing.stl)
 expect_run(11 "^$" "^Error : --x%s: no such option\nusage: " flanged-bearing.stl --x%s out.obj)
-expect_run(0 "^usage: kova-translate INPUT OUTPUT " "^$" --help)
+expect_run(0 "^usage: kova-translate INPUT OUTPUT .*--show-options .*KOVA/XMesh/.*the failure.\n$" "^$" --help)
 expect_run(0 "^kova-translate [0-9]+\\.[0-9]+\\.[0-9]+\n$" "^$" --version)
+
+# Options.
+file(WRITE ${folder}/mesh.options "# of this shop\n/xmesh/export/digits = 4\n/XMesh/Import/Degenerate: drop\n/XGeneric/SewBody=On\n")
+file(WRITE ${folder}/bad.options "/XMesh/Export/Digits=3\n/XMesh/Import/WeldTool=1\n100%s\n")
+set(mistakes "^Error : bad.options: unknown option '/XMesh/Import/WeldTool'; did you mean '/XMesh/Import/WeldTol'. \\(line 2\\)
+Error : bad.options: NAME=VALUE should stand here \\(line 3\\)
+Error : --set: '/STL/Export/Ascii' takes On or Off, not '100%s'\n$")
+expect_run(0 "^/STL/Export/Ascii         bool    Off   [^\n]+
+/XMesh/Export/Digits      int     0     [^\n]+
+/XMesh/Import/WeldTol     double  0     [^\n]+
+/XMesh/Import/Degenerate  string  keep  [^\n]+\n$" "^$" --list-options)
+expect_run(11 "^$" "${mistakes}" flanged-bearing.stl no.obj --options bad.options --set /STL/Export/Ascii=100%s)
+expect_run(11 "^$" "^Error : --set: NAME=VALUE should follow\nusage: " --set)
+expect_run(13 "^$" "^Error : none: cannot be opened: No such file" --show-options --options none)
+if(EXISTS ${folder}/no.obj)
+  message(FATAL_ERROR "no.obj was written in spite of mistakes in the options")
+endif()
+# An emulator may begin with an environment of its own.
+list(LENGTH program words)
+if(words EQUAL 1)
+  set(ENV{KOVA/XMesh/Export/Digits} 3)
+  set(digits "--set;/XMesh/Export/Digits=5")
+  set(origin "environment variable KOVA/XMesh/Export/Digits")
+  set(overridden "Warning : KOVA/XMesh/Export/Digits value overridden to 3 by environment variable\n")
+else()
+  set(digits "--set;/XMesh/Export/Digits=3")
+  set(origin "command line")
+endif()
+set(shown "/STL/Export/Ascii         On    command line
+/XMesh/Export/Digits      3     ${origin}
+/XMesh/Import/WeldTol     0     default
+/XMesh/Import/Degenerate  drop  file mesh.options, line 3
+")
+set(warnings "^Warning : mesh.options: '/XGeneric/SewBody' has no effect here \\(line 4\\)\n${overridden}$")
+expect_run(0 "^${shown}$" "${warnings}" --show-options --ascii ${digits} --options mesh.options)
+expect_run(0 "^${shown}flanged-bearing.stl: .*\nflanged-bearing.stl: 0 triangles without area dropped\n" "${warnings}"
+  --show-options --options mesh.options --ascii flanged-bearing.stl ${digits} rounded.stl)
+file(STRINGS ${folder}/rounded.stl long REGEX "vertex.* -?[1-9][0-9]\\.[0-9][0-9]")
+if(long)
+  message(FATAL_ERROR "more than 3 digits in rounded.stl: ${long}")
+endif()

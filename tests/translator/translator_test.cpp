@@ -57,10 +57,9 @@ protected:
     /// the result's number.
     unsigned translate(std::string const& from, std::string const& to) {
         events_.events.clear();
-        bool const ascii = to.rfind("ascii", 0) == 0;
-        return translator::translate(folder.path(from).c_str(), folder.path(to).c_str(),
-                                     ascii ? translator::StlEncoding::Ascii : translator::StlEncoding::Binary)
-            .GetReturnCode();
+        translator::Settings settings;
+        settings.ascii = to.rfind("ascii", 0) == 0;
+        return translator::translate(folder.path(from).c_str(), folder.path(to).c_str(), settings).GetReturnCode();
     }
     /// Translates contents to "out.obj".
     unsigned run(std::string const& contents, std::string const& name = "in.stl") {
