@@ -4,6 +4,7 @@
 
 #include <kova/diagnostics/KOVAError.h>
 #include <kova/diagnostics/KOVAEventBus.h>
+#include <kova/math/KOVA4x4Matrix.h>
 #include <kova/stream/KOVAFileInputStream.h>
 #include <kova/stream/KOVAFileOutputStream.h>
 #include <kova/text/KOVAString.h>
@@ -21,3 +22,5 @@ const KOVAString KOVAString::KOVA_TRUE("True");
 const KOVAString KOVAString::KOVA_FALSE("False");
 const KOVAString KOVAString::KOVA_ON("On");
 const KOVAString KOVAString::KOVA_OFF("Off");
+
+const KOVA4x4Matrix KOVA4x4MatrixI;

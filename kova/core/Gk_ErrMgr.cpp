@@ -27,6 +27,7 @@ bool Gk_ErrMgr::shouldAbort() {
 }
 
 void Gk_ErrMgr::checkAbort() {
-    if (abortRequested.exchange(false))
+    // Looking costs far less than taking, and loops call this often.
+    if (abortRequested && abortRequested.exchange(false))
         throw KOVAAbortException();
 }

@@ -1,0 +1,209 @@
+#include <kova/math/KOVAAffine.h>
+
+#include <algorithm>
+
+#include <kova/core/Gk_ErrMgr.h>
+#include <kova/math/Gk_Def.h>
+#include <kova/math/Gk_Func.h>
+#include <kova/math/KOVAAffine2D.h>
+#include <kova/math/KOVAAffine3D.h>
+#include <kova/math/kernels.h>
+#include <kova/stream/KOVAStreamFormatter.h>
+
+static_assert(sizeof(void*) != 4 || sizeof(KOVAAffine) == 80);
+static_assert(sizeof(void*) != 4 || sizeof(KOVAAffine2D) == 80);
+static_assert(sizeof(void*) != 4 || sizeof(KOVAAffine3D) == 80);
+
+KOVAAffine& KOVAAffine::operator=(KOVAAffine const& other) noexcept {
+    if (this != &other)
+        std::copy_n(other.elements_[0], 9, elements_[0]);
+    return *this;
+}
+
+void KOVAAffine::GetRow(int row, double* const values) const noexcept {
+    for (int j = 0; j < dimension_; ++j)
+        values[j] = elements_[row][j];
+}
+
+void KOVAAffine::GetColumn(int column, double* const values) const noexcept {
+    for (int i = 0; i < dimension_; ++i)
+        values[i] = elements_[i][column];
+}
+
+void KOVAAffine::SetRow(int row, double* const values) noexcept {
+    for (int j = 0; j < dimension_; ++j)
+        elements_[row][j] = values[j];
+}
+
+void KOVAAffine::SetColumn(int column, double* const values) noexcept {
+    for (int i = 0; i < dimension_; ++i)
+        elements_[i][column] = values[i];
+}
+
+void KOVAAffine::Initialize(double value) noexcept {
+    for (int i = 0; i < dimension_; ++i) {
+        for (int j = 0; j < dimension_; ++j)
+            elements_[i][j] = value;
+    }
+}
+
+void KOVAAffine::MakeIdentity() noexcept {
+    Initialize(0.0);
+    for (int i = 0; i < dimension_; ++i)
+        elements_[i][i] = 1.0;
+}
+
+KOVAAffine& KOVAAffine::Multiply(double factor) noexcept {
+    for (auto& row : elements_) { // what is not used too, which compilers do at once
+        for (double& element : row)
+            element *= factor;
+    }
+    return *this;
+}
+
+namespace {
+
+/// 1 / divisor, with what goes before every division.
+double reciprocal(double divisor) {
+    Gk_ErrMgr::checkAbort();
+    if (!Gk_Func::equal(divisor, 0.0, Gk_Def::FuzzReal))
+        Gk_ErrMgr::doAssert(__FILE__, __LINE__);
+    return 1.0 / divisor;
+}
+
+} // namespace
+
+KOVAAffine& KOVAAffine::Divide(double divisor) {
+    return Multiply(reciprocal(divisor));
+}
+
+void KOVAAffine::Multiply(KOVAAffine const& other, KOVAAffine& out) const noexcept {
+    double product[3][3] = {};
+    for (int i = 0; i < dimension_; ++i) {
+        for (int j = 0; j < dimension_; ++j) {
+            product[i][j] = elements_[i][0] * other.elements_[0][j];
+            for (int k = 1; k < dimension_; ++k)
+                product[i][j] += elements_[i][k] * other.elements_[k][j];
+        }
+    }
+    std::copy_n(product[0], 9, out.elements_[0]);
+}
+
+void KOVAAffine::Transpose() noexcept {
+    std::swap(elements_[0][1], elements_[1][0]);
+    std::swap(elements_[0][2], elements_[2][0]);
+    std::swap(elements_[1][2], elements_[2][1]);
+}
+
+void KOVAAffine::GetTranspose(KOVAAffine& out) const noexcept {
+    out = *this;
+    out.Transpose();
+}
+
+double KOVAAffine::Determinant() const noexcept {
+    if (dimension_ < 2)
+        return elements_[0][0];
+    double sum = elements_[0][0] * DeterminantOfCofactor(0, 0);
+    for (int i = 1; i < dimension_; ++i)
+        sum += elements_[i][0] * DeterminantOfCofactor(i, 0);
+    return sum;
+}
+
+/// Without the row and the column, and with the sign of their place.
+double KOVAAffine::DeterminantOfCofactor(int row, int column) const noexcept {
+    if (dimension_ < 2)
+        return 1.0;
+    int const r = row == 0 ? 1 : 0;
+    int const p = column == 0 ? 1 : 0;
+    double minor = elements_[r][p];
+    if (dimension_ > 2) {
+        int const s = row == 2 ? 1 : 2;
+        int const q = column == 2 ? 1 : 2;
+        minor = elements_[r][p] * elements_[s][q] - elements_[s][p] * elements_[r][q];
+    }
+    return (row + column) % 2 == 0 ? minor : -minor;
+}
+
+void KOVAAffine::GetInverse(KOVAAffine& out) const {
+    double const factor = reciprocal(Determinant());
+    double a[3][3]; // a copy, as `out` may be this
+    std::copy_n(elements_[0], 9, a[0]);
+    if (dimension_ == 3) {
+        for (int i = 0; i < 3; ++i) {
+            kova::detail::AdjugateRow const row = kova::detail::adjugateRow(a, i);
+            kova::detail::store(row.first * kova::detail::both(factor), out.elements_[i]);
+            out.elements_[i][2] = row.third * factor;
+        }
+    } else if (dimension_ == 2) {
+        out.elements_[0][0] = a[1][1] * factor;
+        out.elements_[0][1] = -a[0][1] * factor;
+        out.elements_[1][0] = -a[1][0] * factor;
+        out.elements_[1][1] = a[0][0] * factor;
+    } else {
+        out.elements_[0][0] = factor;
+    }
+}
+
+bool KOVAAffine::IsIdentity() const noexcept {
+    for (int i = 0; i < dimension_; ++i) {
+        for (int j = 0; j < dimension_; ++j) {
+            if (!Gk_Func::equal(elements_[i][j], i == j ? 1.0 : 0.0, Gk_Def::FuzzReal))
+                return false;
+        }
+    }
+    return true;
+}
+
+bool KOVAAffine::operator==(KOVAAffine const& other) const noexcept {
+    for (int i = 0; i < dimension_; ++i) {
+        for (int j = 0; j < dimension_; ++j) {
+            if (!Gk_Func::equal(elements_[i][j], other.elements_[i][j], Gk_Def::FuzzPos))
+                return false;
+        }
+    }
+    return true;
+}
+
+KOVAStreamFormatter& operator<<(KOVAStreamFormatter& out, KOVAAffine const& affine) {
+    for (int i = 0; i < affine.dimension_; ++i) {
+        out << out.margin;
+        for (int j = 0; j < affine.dimension_; ++j)
+            out << affine.elements_[i][j] << "\t";
+        out << out.newline;
+    }
+    return out;
+}
+
+// --- two and three dimensions
+
+KOVAAffine2D::KOVAAffine2D(double a00, double a01, double a10, double a11) noexcept : KOVAAffine(2) {
+    double rows[2][2] = {{a00, a01}, {a10, a11}};
+    for (int i = 0; i < 2; ++i)
+        SetRow(i, rows[i]);
+}
+
+void KOVAAffine2D::SetColumn(int column, KOVAPoint2D const& p) noexcept {
+    for (int i = 0; i < 2; ++i)
+        elements_[i][column] = p[i];
+}
+
+KOVAAffine3D::KOVAAffine3D(double a00, double a01, double a02, double a10, double a11, double a12, double a20,
+                           double a21, double a22) noexcept
+    : KOVAAffine(3) {
+    double rows[3][3] = {{a00, a01, a02}, {a10, a11, a12}, {a20, a21, a22}};
+    for (int i = 0; i < 3; ++i)
+        SetRow(i, rows[i]);
+}
+
+void KOVAAffine3D::SetColumn(int column, KOVAPoint3D const& p) noexcept {
+    for (int i = 0; i < 3; ++i)
+        elements_[i][column] = p[i];
+}
+
+void TransformPoints(KOVAAffine2D const& affine, double* coordinates, long count) noexcept {
+    kova::detail::transformPoints<kova::detail::Flat>({affine.elements_, nullptr, nullptr}, coordinates, count);
+}
+
+void TransformPoints(KOVAAffine3D const& affine, double* coordinates, long count) noexcept {
+    kova::detail::transformPoints<kova::detail::Solid>({affine.elements_, nullptr, nullptr}, coordinates, count);
+}
