@@ -82,3 +82,6 @@
 #include <kova/math/KOVAWeightPoint.h>
 #include <kova/math/KOVAWeightPoint2D.h>
 #include <kova/math/KOVAWeightPoint3D.h>
+#include <kova/units/Gk_Unit.h>
+#include <kova/units/KOVAUnit.h>
+#include <kova/units/KOVAUnitValue.h>

@@ -6,7 +6,9 @@
 namespace kova::detail {
 
 constexpr KOVIResult kSuccess(0x00000000);
+constexpr KOVIResult kNoEntity(0x00000002);
 constexpr KOVIResult kFailure(0x01000001);
+constexpr KOVIResult kErrorEncountered(0x01000002);
 constexpr KOVIResult kInvalidObject(0x0100000A);
 constexpr KOVIResult kInvalidArgument(0x0100000B);
 
