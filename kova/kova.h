@@ -15,6 +15,7 @@
 #include <kova/containers/KOVAMap.h>
 #include <kova/containers/KOVAStack.h>
 #include <kova/containers/KOVATable.h>
+#include <kova/containers/KOVATree.h>
 #include <kova/containers/hash_index.h>
 #include <kova/containers/linked.h>
 #include <kova/containers/string_map.h>
