@@ -86,3 +86,14 @@
 #include <kova/units/Gk_Unit.h>
 #include <kova/units/KOVAUnit.h>
 #include <kova/units/KOVAUnitValue.h>
+#include <kova/model/Gk_Observer.h>
+#include <kova/model/KOVAAssemblyComponentTransform.h>
+#include <kova/model/KOVACallbackShared.h>
+#include <kova/model/KOVACamera.h>
+#include <kova/model/KOVAEntityCallback.h>
+#include <kova/model/KOVALayerFilter.h>
+#include <kova/model/KOVAPolylineSet.h>
+#include <kova/model/KOVARGBColor.h>
+#include <kova/model/KOVASelectionSet.h>
+#include <kova/model/KOVAStrippedShell.h>
+#include <kova/model/KOVASurfacicShell.h>
