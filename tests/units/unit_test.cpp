@@ -1,61 +1,44 @@
+#include <sstream>
+
 #include "support/test.h"
 
 namespace {
 
 constexpr long kError = 0x01000002;
 
-/// What two names, a factor, the older layer and back give; the results of the first four.
-std::string described(KOVAUnit unit) {
-    double factor = -1.0;
-    KOVAString name("none"), text("none");
-    Gk_Unit gkUnit("kept", 3.0);
-    KOVAUnit back = KOVAUnit(99);
-    long const results[] = {GetUnitScaleFactor(unit, factor), GetUnitName(unit, name),
-                            GetGkUnitFromKOVAUnit(unit, gkUnit), KOVAUnitValue::GetUnitAsString(unit, text)};
-    EXPECT_EQ(GetKOVAUnitFromGkUnit(gkUnit, back), 0);
-    char line[200];
-    std::snprintf(line, sizeof line, "%s %s %.17g %s %d %d%d%d%d", static_cast<char const*>(name),
-                  static_cast<char const*>(text), factor, static_cast<char const*>(gkUnit.getName()), back,
-                  results[0] == kError, results[1] == kError, results[2] == kError, results[3] == kError);
-    return line;
-}
-
 TEST(Units, HaveNamesAndFactors) {
-    Texts const expected = {"none none 0 kept 0 1111",
-                            "UNKNOWN UNKNOWN 0 kept 0 1110",
-                            "MODELUNIT MODEL UNIT 0 kept 0 1110",
-                            "NANOMETER NANOMETER 1.0000000000000001e-09 NANOMETER 2 0000",
-                            "MICROMETER MICROMETER 9.9999999999999995e-07 MICROMETER 3 0000",
-                            "MILLIMETER MILLIMETER 0.001 MILLIMETER 4 0000",
-                            "CENTIMETER CENTIMETER 0.01 CENTIMETER 5 0000",
-                            "DECIMETER DECIMETER 0.10000000000000001 DECIMETER 6 0000",
-                            "METER METER 1 METER 7 0000",
-                            "INCH INCH 0.025399999999999999 INCH 8 0000",
-                            "FOOT FOOT 0.30479999999999996 FOOT 9 0000",
-                            "MILE MILE 1609.3439999999998 MILE 10 0000",
-                            "KM KM 1000 KM 11 0000",
-                            "MILLIINCH MILLIINCH 2.5400000000000001e-05 MILLIINCH 12 0000",
-                            "MICROINCH MICROINCH 2.5399999999999999e-08 MICROINCH 13 0000",
-                            "none none 0 kept 0 1111"};
-    for (int i = 0; i < 16; ++i) EXPECT_EQ(described(KOVAUnit(i - 1)), expected[static_cast<std::size_t>(i)]);
+    std::istringstream rows(
+        "none 0 UNKNOWN 0 MODELUNIT 0 NANOMETER 1e-9 MICROMETER 1e-6 MILLIMETER 0.001 CENTIMETER 0.01 "
+        "DECIMETER 0.1 METER 1 INCH 0.0254 FOOT 0.30479999999999996 MILE 1609.3439999999998 KM 1000 "
+        "MILLIINCH 2.54e-5 MICROINCH 2.54e-8 none 0");
+    std::string expected;
+    double size = 0.0;
+    for (int i = -1; rows >> expected >> size; ++i) {
+        long const result = size > 0.0 ? 0 : kError;
+        double factor = -1.0;
+        KOVAString name("none"), text("none");
+        Gk_Unit gkUnit("kept", 3.0);
+        KOVAUnit const unit = KOVAUnit(i);
+        KOVAUnit back = KOVAUnit(99);
+        Numbers const results = {GetUnitScaleFactor(unit, factor), GetUnitName(unit, name),
+                                 GetGkUnitFromKOVAUnit(unit, gkUnit), KOVAUnitValue::GetUnitAsString(unit, text),
+                                 GetKOVAUnitFromGkUnit(gkUnit, back)};
+        EXPECT_THAT(results, testing::ElementsAre(result, result, result, expected == "none" ? kError : 0, 0));
+        EXPECT_EQ((Texts{test::text(name), test::text(text), static_cast<char const*>(gkUnit.getName())}),
+                  (Texts{expected, i == 1 ? "MODEL UNIT" : expected, size > 0.0 ? expected : "kept"}));
+        EXPECT_TRUE(factor == size && back == (size > 0.0 ? i : 0)) << expected;
+    }
 }
 
 TEST(Units, AreRecognisedWithinTheirTolerances) {
-    double const infinite = std::numeric_limits<double>::infinity();
-    std::pair<double, int> const rows[] = {{0.3048, 9},         {1609.344, 10},
-                                           {1.000001, 7},       {0.99999, 7},
-                                           {1.0000101, 0},      {1609.344009, 10},
-                                           {1609.3441, 0},      {0.5, 0},
-                                           {0.0254 + 9e-11, 8}, {0.0254 + 2e-10, 0},
-                                           {1000.0000001, 0},   {9.1e-10, 2},
-                                           {8.9e-10, 0},        {2.545e-8, 13},
-                                           {2.56e-8, 0},        {0.9144, 0},
-                                           {infinite, 0},       {0.0, -1},
-                                           {-1.0, -1},          {-0.0254, -1},
-                                           {-infinite, -1},     {std::numeric_limits<double>::quiet_NaN(), -1}};
-    for (auto const& [factor, expected] : rows) {
+    std::istringstream rows(
+        "0.3048 9 1609.344 10 1609.344009 10 1609.3441 0 1.000001 7 0.99999 7 1.0000101 0 0.5 0 0.9144 0 "
+        "0.02540000009 8 0.0254000002 0 1000.0000001 0 9.1e-10 2 8.9e-10 0 2.545e-8 13 2.56e-8 0 "
+        "inf 0 0 -1 -1 -1 -0.0254 -1 -inf -1 nan -1");
+    std::string factor;
+    for (int expected = 0; rows >> factor >> expected;) {
         KOVAUnit unit = KOVAUnit(77);
-        EXPECT_EQ(GetKOVAUnit(factor, unit), expected < 0 ? kError : 0) << factor;
+        EXPECT_EQ(GetKOVAUnit(KOVAFloatUtil::kovastrtod(factor.c_str(), nullptr), unit), expected < 0 ? kError : 0);
         EXPECT_EQ(unit, expected < 0 ? 77 : expected) << factor;
     }
 }
@@ -95,20 +78,17 @@ TEST(Units, OfTheTranslationAreOwnedOrBorrowed) {
 }
 
 TEST(GkUnit, ConstantsMapAndCompareBySize) {
-    std::tuple<Gk_Unit, char const*, double> const rows[] = {{Gk_Unit::mm, "mm", 1.0},
-                                                             {Gk_Unit::cm, "cm", 10.0},
-                                                             {Gk_Unit::deci, "decimeter", 100.0},
-                                                             {Gk_Unit::meter, "meter", 1000.0},
-                                                             {Gk_Unit::km, "km", 1e6},
-                                                             {Gk_Unit::micr, "micron", 0.001},
-                                                             {Gk_Unit::mils, "mils", 0.0254},
-                                                             {Gk_Unit::uinch, "microinch", 0x1.aa242b58735e9p-16},
-                                                             {Gk_Unit::inch, "inch", 25.4},
-                                                             {Gk_Unit::foot, "foot", 0x1.30cccccccccccp+8},
-                                                             {Gk_Unit::yard, "yard", 0x1.c933333333332p+9},
-                                                             {Gk_Unit::mile, "mile", 0x1.88e7fffffffffp+20}};
-    for (auto const& [unit, name, size] : rows) {
-        EXPECT_STREQ(unit.getName(), name);
+    Gk_Unit const units[] = {Gk_Unit::mm,   Gk_Unit::cm,   Gk_Unit::deci, Gk_Unit::meter,
+                             Gk_Unit::km,   Gk_Unit::micr, Gk_Unit::mils, Gk_Unit::uinch,
+                             Gk_Unit::inch, Gk_Unit::foot, Gk_Unit::yard, Gk_Unit::mile};
+    std::istringstream rows("mm 1 cm 10 decimeter 100 meter 1000 km 1000000 micron 0.001 mils 0.0254 "
+                            "microinch 2.5399999999999997e-05 inch 25.4 foot 304.79999999999995 yard 914.3999999999999 "
+                            "mile 1609343.9999999998");
+    std::string name;
+    double size = 0.0;
+    for (Gk_Unit const& unit : units) {
+        ASSERT_TRUE(rows >> name >> size);
+        EXPECT_EQ(static_cast<char const*>(unit.getName()), name);
         EXPECT_TRUE(unit.getValue() == size && unit.IsSet()) << name;
     }
     EXPECT_EQ(Gk_Unit::mm.mapTo(Gk_Unit::cm), 0.1);
