@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <list>
@@ -140,12 +141,15 @@ void matrix4Rows() {
     // Rotations about axes: what placements mostly are, and no cube root.
     auto const rigid = made<KOVA4x4Matrix>(
         [&](int i) { return KOVA4x4Matrix(KOVAVectorf(all.elements[i]), KOVAPointf(all.elements[i] + 3), 1.0F); });
+    Matrices<4> turns;
+    for (std::size_t i = 0; i < kBatch; ++i)
+        std::copy_n(rigid[i].GetMatrix(), 16, turns.elements[i]);
     auto const rigidInverse = forEach<KOVA4x4Matrix, KOVA4x4Matrix>(
         rigid, [](auto const& a, auto const& /*unused*/, auto& result) { a.GetInvertedMatrix(result); });
     batchRow("4x4 inverse of rotations, Eigen double", 1.5, rigidInverse,
-             forEach<RowMajor4d, RowMajor4d>(eigen<RowMajor4d>(all), eigenInverse));
+             forEach<RowMajor4d, RowMajor4d>(eigen<RowMajor4d>(turns), eigenInverse));
     batchRow("4x4 inverse of rotations, Eigen float", 1.5, rigidInverse,
-             forEach<RowMajor4f, RowMajor4f>(eigen<RowMajor4f>(all), eigenInverse));
+             forEach<RowMajor4f, RowMajor4f>(eigen<RowMajor4f>(turns), eigenInverse));
     batchRow("4x4 inverse, GLM float", 1.5, ourInverse,
              forEach<glm::mat4, glm::mat4>(glmOf<glm::mat4>(all), glmInverse));
 }

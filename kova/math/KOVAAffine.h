@@ -58,10 +58,10 @@ public:
 
 protected:
     /// A dimension above 3 becomes 3.
-    explicit KOVAAffine(int dimension) noexcept : dimension_(dimension > 3 ? 3 : dimension), elements_() {}
+    explicit KOVAAffine(int dimension) noexcept : dimension_(dimension > 3 ? 3 : dimension) {}
 
     std::int32_t const dimension_;
-    double elements_[3][3]; ///< row by row; beyond the dimension unused
+    double elements_[3][3] = {}; ///< row by row; beyond the dimension unused
 
 private:
     friend KOVAMorph;

@@ -43,8 +43,7 @@ public:
     friend KOVA_API KOVAStreamFormatter& operator<<(KOVAStreamFormatter& out, KOVAMorph const& morph);
 
 protected:
-    explicit KOVAMorph(double scale) noexcept
-        : scale_(scale), unitScale_(true), affineIdentity_(true), zeroTranslation_(true) {}
+    explicit KOVAMorph(double scale) noexcept : scale_(scale) {}
     KOVAMorph(KOVAMorph const&) = default;
     KOVAMorph& operator=(KOVAMorph const&) = default;
     ~KOVAMorph() = default;
@@ -57,7 +56,7 @@ protected:
 
 private:
     double scale_;
-    bool unitScale_;
-    bool affineIdentity_;
-    bool zeroTranslation_;
+    bool unitScale_ = true;
+    bool affineIdentity_ = true;
+    bool zeroTranslation_ = true;
 };

@@ -16,10 +16,7 @@ class KOVAStreamFormatter;
 class KOVA_API KOVAPoint {
 public:
     /// At the origin; a dimension below 0 or above 3 becomes 0 or 3.
-    explicit KOVAPoint(int dimension) noexcept
-        : coordinates_(), dimension_(dimension < 0   ? 0
-                                     : dimension > 3 ? 3
-                                                     : dimension) {}
+    explicit KOVAPoint(int dimension) noexcept : dimension_(dimension < 0 ? 0 : dimension > 3 ? 3 : dimension) {}
     KOVAPoint(KOVAPoint const&) = default;
     virtual ~KOVAPoint() = default;
 
@@ -61,7 +58,7 @@ protected:
     }
     static void dumpNumber(KOVAStreamFormatter& formatter, double value);
 
-    double coordinates_[3];
+    double coordinates_[3] = {};
     std::int32_t const dimension_;
 
 private:

@@ -4,7 +4,6 @@
 
 #include <charconv>
 #include <cstring>
-#include <functional>
 #include <random>
 
 #include "support/test.h"
@@ -18,41 +17,25 @@ public:
     /// Between -scale and scale.
     double real(double scale = 1.0) { return scale * (static_cast<double>(engine_()) / 2147483648.0 - 1.0); }
     float single(float scale = 1.0F) { return static_cast<float>(real(static_cast<double>(scale))); }
-    KOVAVectorf vector(float scale = 1.0F) {
-        float const x = single(scale), y = single(scale);
-        return KOVAVectorf(x, y, single(scale));
-    }
-    KOVAPointf position(float scale = 1.0F) { return KOVAPointOf + vector(scale); }
-    KOVAPoint3D point(double scale = 1.0) {
-        double const x = real(scale), y = real(scale);
-        return KOVAPoint3D(x, y, real(scale));
-    }
-    /// A rotation by way of quaternions, now and then with a reflection.
+    // Braces, in which the order of evaluation is fixed.
+    KOVAVectorf vector(float scale = 1.0F) { return KOVAVectorf{single(scale), single(scale), single(scale)}; }
+    KOVAPoint3D point(double scale = 1.0) { return KOVAPoint3D{real(scale), real(scale), real(scale)}; }
+    /// Two or three reflections, one after the other.
     KOVAAffine3D isometry() {
-        double q[4];
-        double norm = 0.0;
-        for (double& c : q) {
-            c = real();
-            norm += c * c;
+        KOVAAffine3D result;
+        result.MakeIdentity();
+        for (auto n = engine_() % 2; n < 3; ++n) {
+            KOVAPoint3D const u = point().Normalize();
+            KOVAAffine3D mirror;
+            for (int k = 0; k < 9; ++k) mirror.SetElement(k / 3, k % 3, (k % 4 ? 0 : 1) - 2 * u[k / 3] * u[k % 3]);
+            mirror.Multiply(result, result);
         }
-        for (double& c : q) c /= std::sqrt(norm);
-        double const w = q[0], x = q[1], y = q[2], z = q[3];
-        double const s = engine_() % 3 == 0 ? -1.0 : 1.0;
-        return KOVAAffine3D(s * (1 - 2 * (y * y + z * z)), s * 2 * (x * y - w * z), s * 2 * (x * z + w * y),
-                            s * 2 * (x * y + w * z), s * (1 - 2 * (x * x + z * z)), s * 2 * (y * z - w * x),
-                            s * 2 * (x * z - w * y), s * 2 * (y * z + w * x), s * (1 - 2 * (x * x + y * y)));
+        return result;
     }
-    KOVAMorph3D morph() {
-        KOVAAffine3D const turn = isometry();
-        KOVAPoint3D const move = point(100.0);
-        return KOVAMorph3D(turn, move, 2.0 + real(1.9));
-    }
+    KOVAMorph3D morph() { return KOVAMorph3D{isometry(), point(100.0), 2.0 + real(1.9)}; }
     KOVA4x4Matrix placement() {
-        KOVAVectorf const axis = vector();
-        KOVAPointf const centre = position(10.0F);
-        KOVA4x4Matrix const turn(axis, centre, single(4.0F));
-        KOVAVectorf const move = vector(10.0F);
-        return turn * KOVA4x4Matrix(move, 2.0F + single(1.9F));
+        KOVA4x4Matrix const turn{vector(), KOVAPointOf + vector(10.0F), single(4.0F)};
+        return turn * KOVA4x4Matrix{vector(10.0F), 2.0F + single(1.9F)};
     }
 
 private:
@@ -71,9 +54,8 @@ inline std::vector<double> list(KOVAPoint const& p) {
     return values;
 }
 inline std::vector<double> list(KOVAAffine const& a) {
-    std::vector<double> values;
-    for (int i = 0; i < a.GetDimension(); ++i)
-        for (int j = 0; j < a.GetDimension(); ++j) values.push_back(a.GetElement(i, j));
+    std::vector<double> values(static_cast<std::size_t>(a.GetDimension() * a.GetDimension()));
+    for (int i = 0; i < a.GetDimension(); ++i) a.GetRow(i, values.data() + i * a.GetDimension());
     return values;
 }
 inline std::vector<float> list(KOVAVectorf const& v) { return {v.x(), v.y(), v.z()}; }
@@ -87,12 +69,10 @@ inline std::vector<float> list(KOVAMath3x3Matrixf const& m) {
 
 /// The largest difference, relative to the size of what is compared.
 template <class A, class B> double difference(A const& a, B const& b) {
-    auto const x = list(a);
-    auto const y = list(b);
-    double largest = x.size() == y.size() ? 0.0 : INFINITY;
-    double size = 1.0;
-    for (std::size_t i = 0; i < std::min(x.size(), y.size()); ++i) {
-        double const apart = std::fabs(double{x[i]} - double{y[i]});
+    auto const x = list(a), y = list(b);
+    double largest = 0.0, size = 1.0;
+    for (std::size_t i = 0; i < x.size(); ++i) {
+        double const apart = std::fabs(double{x[i]} - double{y.at(i)});
         largest = apart <= largest ? largest : apart; // a not-a-number is taken over
         size = std::max(size, std::fabs(double{y[i]}));
     }
