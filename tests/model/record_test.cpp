@@ -25,8 +25,10 @@ TEST(Shell, RefersToArraysOrCopiesThem) {
     int faces[] = {0, 1, 0, 1};
     KOVASurfacicShell shell(-5, 2, 3), owner(0, 0, 0), empty(1, 1, 1);
     EXPECT_EQ(contents(shell), Numbers(8));
-    EXPECT_EQ(shell.SetData(2, points, 1, normals, 4, faces, 1, colors), 0);
-    EXPECT_EQ(owner.CopyData(2, points, 1, normals, 4, faces, 1, colors), 0);
+    EXPECT_EQ(shell.SetData(2, points, 1, normals, 4, faces, 1, colors) |
+                  owner.CopyData(2, points, 1, normals, 4, faces, 1, colors) |
+                  empty.CopyData(0, nullptr, 0, nullptr, 4, faces, 0, nullptr),
+              0);
     faces[0] = 7;
     points[0] = 101;
     EXPECT_EQ(contents(KOVASurfacicShell(shell)), (Numbers{2, 121, 1, 1, 4, 9, 1, 60}));
@@ -36,8 +38,7 @@ TEST(Shell, RefersToArraysOrCopiesThem) {
                              owner.CopyData(2, points, 1, normals, 4, faces, -1, nullptr)};
     EXPECT_THAT(refused, testing::Each(0x0100000B));
     EXPECT_EQ(contents(owner), (Numbers{2, 21, 1, 1, 4, 2, 1, 60}));
-    EXPECT_EQ(empty.CopyData(0, nullptr, 0, nullptr, 4, faces, 0, nullptr), 0);
-    EXPECT_EQ(contents(empty), (Numbers{0, 0, 0, 0, 4, 9, 0, 0}));
+    EXPECT_EQ(contents(empty), (Numbers{0, 0, 0, 0, 4, 2, 0, 0}));
     KOVAStrippedShell const stripped(7, 1, 0);
     KOVASurfacicShell const& base = stripped;
     EXPECT_EQ((Numbers{base.IsStripped(), base.GetKey(), base.GetLOD(), base.GetPass()}), (Numbers{1, 7, 1, 0}));
@@ -45,8 +46,7 @@ TEST(Shell, RefersToArraysOrCopiesThem) {
 }
 
 struct OwningPolylines : KOVAPolylineSet {
-    using KOVAPolylineSet::KOVAPolylineSet;
-    void own() { owned_ = 1; }
+    explicit OwningPolylines(float* points) : KOVAPolylineSet(1) { points_ = points, owned_ = 1; }
 };
 
 TEST(PolylineSet, RefersToArrays) {
@@ -58,21 +58,18 @@ TEST(PolylineSet, RefersToArrays) {
     int counts[3], *l;
     float *p, *c;
     EXPECT_EQ(copy.GetPoints(counts[0], p) | copy.GetPolylines(counts[1], l) | copy.GetColors(counts[2], c), 0);
-    EXPECT_THAT(counts, testing::ElementsAre(1, 2, 3));
-    EXPECT_TRUE(p == points && l == lines && c == colors && copy.GetKey() == 42);
-    OwningPolylines owning(1);
-    owning.SetData(1, new float[3], 2, lines, 3, colors);
-    owning.own(); // what it does not release, or should not, the sanitizer finds
+    EXPECT_TRUE(counts[0] == 1 && counts[1] == 2 && counts[2] == 3 && p == points && l == lines && c == colors &&
+                copy.GetKey() == 42);
+    OwningPolylines const owning(new float[3]); // what it does not release, the leak checker finds
 }
 
 TEST(SelectionSet, HoldsEachMemberOnceAndCopiesDeeply) {
     std::vector<int> entities(2000);
     KOVASelectionSet set("walls", true);
     for (std::size_t i = 0; i < 4000; i += 2) ASSERT_EQ(set.AddMember(&entities[i % 2000]), 0); // twice
-    EXPECT_EQ(set.AddMember(nullptr), kFailed);
     KOVASelectionSet const copy(set);
     KOVASelectionSet other("other", false);
-    EXPECT_EQ(other.AddMember(&entities[1]), 0);
+    EXPECT_TRUE(set.AddMember(nullptr) == kFailed && other.AddMember(&entities[1]) == 0);
     other = copy;
     set.AddMember(&entities[1]);
     for (std::size_t i = 0; i < entities.size(); ++i) ASSERT_EQ(other.IsMember(&entities[i]), i % 2 == 0);
@@ -101,8 +98,7 @@ TEST(LayerFilter, SetsAllOrNothing) {
     int layers[] = {7, -8, 9};
     KOVALayerFilter filter;
     EXPECT_EQ(described(filter), "- 2:");
-    EXPECT_EQ(filter.Set(0, nullptr, "n", true, Type(1)), 0);
-    EXPECT_EQ(described(filter), "n current 1:");
+    EXPECT_TRUE(filter.Set(0, nullptr, "n", true, Type(1)) == 0 && described(filter) == "n current 1:");
     EXPECT_EQ((Numbers{filter.Set(0, layers, "x", false, Type(0)), filter.Set(-1, layers, "x", false, Type(0)),
                        filter.Set(-1, nullptr, "x", false, Type(0)), filter.Set(1, nullptr, "x", false, Type(0)),
                        filter.SetName("")}),
@@ -110,7 +106,7 @@ TEST(LayerFilter, SetsAllOrNothing) {
     KOVALayerFilter const shared = filter = KOVALayerFilter(3, layers, "l", false, KOVALayerFilter::AllLayers);
     EXPECT_EQ(filter.Set(2, layers, "", true, Type(5)), 0);
     EXPECT_EQ((Texts{described(filter), described(shared)}), (Texts{"- current 5: 7 -8", "l 0 all: 7 -8 9"}));
-    EXPECT_TRUE(filter.SetName("new") == 0 && filter.SetCurrent(false) == 0 && filter.SetLayerFilterType(Type(0)) == 0);
+    EXPECT_EQ(filter.SetName("new") | filter.SetCurrent(false) | filter.SetLayerFilterType(Type(0)), 0);
     filter = *&filter;
     EXPECT_EQ(described(filter), "new 0 all: 7 -8");
     EXPECT_EQ(described(KOVALayerFilter(0, layers, "x", true, Type(0))), "- 2:");
@@ -184,8 +180,7 @@ TEST(Color, EqualityAndInequalityAreNoOpposites) {
 }
 
 TEST(Abort, FlagAndCallbackBothEndThePollAndTheFlagStays) {
-    static int calls;
-    calls = 0;
+    static int calls = 0;
     EXPECT_FALSE(KOVACallbackShared::IsAborted());
     KOVACallbackShared::m_AbortCallback = [] { return ++calls == 2; };
     EXPECT_FALSE(KOVACallbackShared::IsAborted());
