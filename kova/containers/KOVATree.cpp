@@ -130,7 +130,7 @@ void KOVATreeNode::AddChildPtr(KOVATreeNode* node) {
 
 KOVATree::KOVATree(void* object) : root_(new KOVATreeNode(object)) {}
 
-KOVATree::KOVATree(KOVATree const& other) : root_(nullptr) {
+KOVATree::KOVATree(KOVATree const& other) {
     Nodes originals;
     Nodes copies;
     kova::detail::HashIndex<KOVATreeNode*> numbers;

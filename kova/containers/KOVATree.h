@@ -127,5 +127,5 @@ public:
     void Dump() const;
 
 private:
-    KOVATreeNode* root_;
+    KOVATreeNode* root_ = nullptr;
 };

@@ -8,6 +8,12 @@
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVATrace) == 8);
 
+namespace {
+
+constexpr char kNoText[] = {'\0'}; // no literal: clang warns of an empty format
+
+} // namespace
+
 KOVATrace::KOVATrace(char const* component) : enabled_(false) {
     KOVAString components;
     if (component && KOVAEnvironment::GetVariable("KOVALoggers", components).IsSuccess())
@@ -21,7 +27,7 @@ void KOVATrace::Printf(int level, char const* format, ...) {
         return;
     std::va_list arguments;
     va_start(arguments, format);
-    kova::detail::ReportText const text(0, format ? format : "", arguments);
+    kova::detail::ReportText const text(0, format ? format : kNoText, arguments);
     va_end(arguments);
     switch (level) {
     case KOVA_TRACE_DEBUG: text.fire<KOVADebugEvent>(); break;
