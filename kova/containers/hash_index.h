@@ -68,8 +68,10 @@ public:
 private:
     /// The slot of the key, or the free slot that ends the search for it; -1 when there is neither.
     int probe(Key const& key, bool compare) const {
-        unsigned int const hash = hash_ ? hash_(key) : DefaultHash<Key>::of(key);
         int const n = slots();
+        if (n == 0) // there was no memory for any
+            return -1;
+        unsigned int const hash = hash_ ? hash_(key) : DefaultHash<Key>::of(key);
         int const start = static_cast<int>(hash % static_cast<unsigned int>(n));
         for (int i = 0; i < n; ++i) {
             int const slot = start + i < n ? start + i : start + i - n;
@@ -83,6 +85,8 @@ private:
 
     void place(Key const& key, std::int32_t number) {
         int const slot = probe(key, false);
+        if (slot < 0)
+            throw std::bad_alloc();
         keys_[slot] = key;
         numbers_[slot] = number;
         used_[slot] = 1;

@@ -14,7 +14,7 @@ constexpr char kNoText[] = {'\0'}; // no literal: clang warns of an empty format
 
 } // namespace
 
-KOVATrace::KOVATrace(char const* component) : enabled_(false) {
+KOVATrace::KOVATrace(char const* component) {
     KOVAString components;
     if (component && KOVAEnvironment::GetVariable("KOVALoggers", components).IsSuccess())
         enabled_ = components.indexOf(KOVAString(component)) >= 0;

@@ -177,7 +177,7 @@ KOVAAssemblyComponentTransform
 KOVAAssemblyComponentTransform::operator*(KOVAAssemblyComponentTransform const& other) const {
     KOVAAssemblyComponentTransform product;
     for (int i = 0; i < 12; ++i) {
-        double const image = row(i % 3, other.m_ + i / 3 * 3);
+        double const image = row(i % 3, other.m_ + (i - i % 3));
         product.m_[i] = i < kTranslation ? image : image + m_[i];
     }
     return product;

@@ -11,8 +11,8 @@
 ///         translate(face);
 ///     }
 class KOVA_API KOVACallbackShared {
-    KOVACallbackShared() = delete;
-    ~KOVACallbackShared() = delete;
+    KOVACallbackShared() = default;
+    ~KOVACallbackShared() = default;
 
 public:
     /// The application's question, true to stop; null when it has none. Set directly.

@@ -7,14 +7,6 @@ using kova::detail::kSuccess;
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVALayerFilter) == 16);
 
-namespace {
-
-std::unique_ptr<KOVAString> copied(KOVAString const* name) {
-    return name ? std::make_unique<KOVAString>(*name) : nullptr;
-}
-
-} // namespace
-
 KOVALayerFilter::KOVALayerFilter() = default;
 
 KOVALayerFilter::KOVALayerFilter(int count, int* layers, KOVAString const& name, bool current, eLayerFilterType type) {
@@ -22,11 +14,13 @@ KOVALayerFilter::KOVALayerFilter(int count, int* layers, KOVAString const& name,
 }
 
 KOVALayerFilter::KOVALayerFilter(KOVALayerFilter const& other)
-    : name_(copied(other.name_.get())), current_(other.current_), type_(other.type_), layers_(other.layers_) {}
+    : current_(other.current_), type_(other.type_), layers_(other.layers_) {
+    keepName(other.name_.get());
+}
 
 KOVALayerFilter& KOVALayerFilter::operator=(KOVALayerFilter const& other) {
     if (this != &other) {
-        name_ = copied(other.name_.get());
+        keepName(other.name_.get());
         current_ = other.current_;
         type_ = other.type_;
         layers_ = other.layers_;
@@ -36,6 +30,11 @@ KOVALayerFilter& KOVALayerFilter::operator=(KOVALayerFilter const& other) {
 
 KOVALayerFilter::~KOVALayerFilter() = default;
 
+/// A copy of the name; null for none.
+void KOVALayerFilter::keepName(KOVAString const* name) {
+    name_.reset(name ? new KOVAString(*name) : nullptr);
+}
+
 KOVIResult KOVALayerFilter::Set(int count, int* layers, KOVAString const& name, bool current, eLayerFilterType type) {
     if (layers ? count < 1 : count != 0)
         return kFailure;
@@ -43,7 +42,7 @@ KOVIResult KOVALayerFilter::Set(int count, int* layers, KOVAString const& name, 
     fresh.append(layers, count);
     if (fresh.size() != count)
         return kFailure; // memory ran out
-    name_ = copied(name.length() > 0 ? &name : nullptr);
+    keepName(name.length() > 0 ? &name : nullptr);
     layers_ = fresh;
     current_ = current;
     type_ = type;
@@ -60,7 +59,7 @@ KOVIResult KOVALayerFilter::GetName(KOVAString& name) const {
 KOVIResult KOVALayerFilter::SetName(KOVAString const& name) {
     if (name.length() < 1)
         return kFailure;
-    name_ = copied(&name);
+    keepName(&name);
     return kSuccess;
 }
 

@@ -44,6 +44,8 @@ public:
     KOVIResult GetLayerAt(int i, int& layer) const;
 
 private:
+    void keepName(KOVAString const* name);
+
     std::unique_ptr<KOVAString> name_;
     bool current_ = false;
     eLayerFilterType type_ = DefaultType;

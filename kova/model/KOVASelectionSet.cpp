@@ -4,7 +4,9 @@
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVASelectionSet) == 52);
 
-KOVASelectionSet::KOVASelectionSet(KOVAString const& name, bool current) : name_(name), current_(current) {}
+KOVASelectionSet::KOVASelectionSet(KOVAString const& name, bool current) : current_(current) {
+    name_ = name;
+}
 
 KOVASelectionSet::KOVASelectionSet(KOVASelectionSet const& other) = default;
 
