@@ -70,7 +70,8 @@ public:
     /// null one being added too; it is skipped wherever children are visited.
     void AddChildPtr(KOVATreeNode* node);
 
-    // In order of attachment. Taking a node out of one array leaves the other as it is.
+    // In order of attachment. Taking a node out of one array leaves the other as it is. Hazard: Dump reads
+    // every parent, so take out those that are deleted before.
     KOVADynamicArray<KOVATreeNode*>& GetChildren() noexcept { return children_; }
     KOVADynamicArray<KOVATreeNode*> const& GetChildren() const noexcept { return children_; }
     KOVADynamicArray<KOVATreeNode*>& GetParents() noexcept { return parents_; }

@@ -40,8 +40,9 @@ KOVIResult KOVAProperties::Set(KOVAString const& assignment) {
 }
 
 KOVIResult KOVAProperties::Set(KOVAString const& name, KOVAValue const& value) {
-    KOVAValue const copy(value); // which may be one of ours, and move
-    values_.value(values_.findOrAdd(name)) = copy;
+    KOVAValue kept;
+    kept = value; // which may be one of ours, and move
+    values_.value(values_.findOrAdd(name)) = kept;
     return kSuccess;
 }
 
