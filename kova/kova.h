@@ -15,6 +15,7 @@
 #include <kova/containers/KOVAMap.h>
 #include <kova/containers/KOVAStack.h>
 #include <kova/containers/KOVATable.h>
+#include <kova/containers/KOVATree.h>
 #include <kova/containers/hash_index.h>
 #include <kova/containers/linked.h>
 #include <kova/containers/string_map.h>
@@ -95,3 +96,17 @@
 #include <kova/math/KOVAWeightPoint.h>
 #include <kova/math/KOVAWeightPoint2D.h>
 #include <kova/math/KOVAWeightPoint3D.h>
+#include <kova/units/Gk_Unit.h>
+#include <kova/units/KOVAUnit.h>
+#include <kova/units/KOVAUnitValue.h>
+#include <kova/model/Gk_Observer.h>
+#include <kova/model/KOVAAssemblyComponentTransform.h>
+#include <kova/model/KOVACallbackShared.h>
+#include <kova/model/KOVACamera.h>
+#include <kova/model/KOVAEntityCallback.h>
+#include <kova/model/KOVALayerFilter.h>
+#include <kova/model/KOVAPolylineSet.h>
+#include <kova/model/KOVARGBColor.h>
+#include <kova/model/KOVASelectionSet.h>
+#include <kova/model/KOVAStrippedShell.h>
+#include <kova/model/KOVASurfacicShell.h>

@@ -5,14 +5,15 @@
 #include <kova/diagnostics/KOVAConsoleLogger.h>
 #include <kova/diagnostics/KOVAError.h>
 #include <kova/diagnostics/KOVAEventBus.h>
-#include <kova/diagnostics/KOVATrace.h>
-#include <kova/options/KOVAOption.h>
-#include <kova/math/KOVA4x4Matrix.h>
 #include <kova/diagnostics/KOVATimingLogger.h>
+#include <kova/diagnostics/KOVATrace.h>
+#include <kova/math/KOVA4x4Matrix.h>
+#include <kova/options/KOVAOption.h>
 #include <kova/stream/KOVAFileInputStream.h>
 #include <kova/stream/KOVAFileOutputStream.h>
 #include <kova/system/KOVAFileHeader.h>
 #include <kova/text/KOVAString.h>
+#include <kova/units/Gk_Unit.h>
 
 KOVAEventBus KOVAEventBus::_eventBus;
 
@@ -35,6 +36,7 @@ const KOVAString KOVAString::KOVA_ON("On");
 const KOVAString KOVAString::KOVA_OFF("Off");
 
 const KOVA4x4Matrix KOVA4x4MatrixI;
+
 const KOVAString KOVAFileHeader::MODIFICATION_DATE("Modification Date");
 const KOVAString KOVAFileHeader::FILE_NAME("File Name");
 const KOVAString KOVAFileHeader::AUTHOR("Author");
@@ -45,3 +47,17 @@ const KOVAString KOVAFileHeader::UNITS("Units");
 const KOVAString KOVAFileHeader::COMMENT("Comment");
 const KOVAString KOVAFileHeader::TOLERANCE("Tolerance");
 const KOVAString KOVAFileHeader::DOCUMENT_TYPE("Document Type");
+
+// The sizes of uinch, foot, yard and mile are rounded products of an inch.
+const Gk_Unit Gk_Unit::mm("mm", 1.0);
+const Gk_Unit Gk_Unit::cm("cm", 10.0);
+const Gk_Unit Gk_Unit::deci("decimeter", 100.0);
+const Gk_Unit Gk_Unit::meter("meter", 1000.0);
+const Gk_Unit Gk_Unit::km("km", 1000000.0);
+const Gk_Unit Gk_Unit::micr("micron", 0.001);
+const Gk_Unit Gk_Unit::mils("mils", 0.0254);
+const Gk_Unit Gk_Unit::uinch("microinch", 2.5399999999999997e-05);
+const Gk_Unit Gk_Unit::inch("inch", 25.4);
+const Gk_Unit Gk_Unit::foot("foot", 304.79999999999995);
+const Gk_Unit Gk_Unit::yard("yard", 914.3999999999999);
+const Gk_Unit Gk_Unit::mile("mile", 1609343.9999999998);

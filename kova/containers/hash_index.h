@@ -131,4 +131,23 @@ private:
     mutable std::uint32_t lookups_ = 0;
 };
 
+/// Keys, each once. They are never removed singly.
+template <class Key> class HashSet {
+public:
+    bool contains(Key const& key) const { return index_.find(key) != nullptr; }
+
+    /// False when the key is there already.
+    bool add(Key const& key) {
+        if (contains(key))
+            return false;
+        index_.insert(key, index_.count());
+        return true;
+    }
+
+    void clear() { index_ = HashIndex<Key>(); }
+
+private:
+    HashIndex<Key> index_;
+};
+
 } // namespace kova::detail

@@ -1,10 +1,8 @@
 #include <kova/core/KOVIResult.h>
 
-static_assert(sizeof(KOVIResult) == 4);
+#include <kova/core/results.h>
 
-namespace {
-constexpr long kNoEntity = 0x00000002;
-}
+static_assert(sizeof(KOVIResult) == 4);
 
 const KOVIResult KOVIResult::E_FAIL_RESULT(0x01000001);
 
@@ -43,7 +41,7 @@ unsigned int KOVIResult::GetReturnCode() const noexcept {
 
 KOVIResult KOVIResult::operator&=(KOVIResult right) noexcept {
     if (IsCompleteSuccess()) {
-        if (right.IsFailure() || right.IsPartialSuccess() || right == kNoEntity)
+        if (right.IsFailure() || right.IsPartialSuccess() || right == long{kova::detail::kNoEntity})
             *this = right;
     } else if (IsPartialSuccess()) {
         if (right.IsFailure())

@@ -6,6 +6,7 @@
 namespace kova::detail {
 
 constexpr KOVIResult kSuccess(0x00000000);
+constexpr KOVIResult kNoEntity(0x00000002);
 constexpr KOVIResult kFailure(0x01000001);
 constexpr KOVIResult kErrorEncountered(0x01000002);
 constexpr KOVIResult kEmptyOption(0x01000008); ///< a failure without a text of its own

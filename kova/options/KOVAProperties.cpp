@@ -40,9 +40,9 @@ KOVIResult KOVAProperties::Set(KOVAString const& assignment) {
 }
 
 KOVIResult KOVAProperties::Set(KOVAString const& name, KOVAValue const& value) {
-    // The value may be one of ours, and move.
-    KOVAValue const copy(value); // NOLINT(performance-unnecessary-copy-initialization)
-    values_.value(values_.findOrAdd(name)) = copy;
+    KOVAValue kept;
+    kept = value; // which may be one of ours, and move
+    values_.value(values_.findOrAdd(name)) = kept;
     return kSuccess;
 }
 
