@@ -24,7 +24,7 @@ public:
     std::uint32_t foldedHash() const noexcept { return kova::detail::foldedHash(units, length); }
 
     bool operator==(NamePart const& other) const noexcept {
-        return length == other.length && std::memcmp(units, other.units, size()) == 0;
+        return length == other.length && (length == 0 || std::memcmp(units, other.units, size()) == 0);
     }
     unsigned int GetHashCode() const noexcept {
         // Eight units at a time, in two lanes that need not wait for each other; then the rest.
