@@ -1,5 +1,4 @@
 #include <memory>
-#include <regex>
 
 #include "support/test.h"
 
@@ -7,10 +6,17 @@ namespace {
 
 std::string const dashes(80, '-');
 
-/// Digits, where they are a date or a time, become "#".
-std::string masked(std::string const& text) {
-    static std::regex const moment("[0-9]{4}-[0-9]{2}-[0-9]{2}[ T][0-9]{2}:[0-9]{2}:[0-9]{2}([.][0-9]{3}Z)?");
-    return std::regex_replace(text, moment, "#");
+/// Dates with times become "#".
+std::string masked(std::string text) {
+    char const* const forms[] = {"dddd-dd-dd dd:dd:dd", "dddd-dd-ddTdd:dd:dd.dddZ"};
+    for (std::string const form : forms) {
+        for (std::size_t at = 0; at + form.size() <= text.size(); ++at) {
+            std::string shape = text.substr(at, form.size());
+            for (char& c : shape) c = c >= '0' && c <= '9' ? 'd' : c;
+            if (shape == form) text.replace(at, form.size(), "#");
+        }
+    }
+    return text;
 }
 
 /// "kind identifier / name level: description".
@@ -109,14 +115,12 @@ TEST(TaskEvents, ConversionSummary) {
     auto const summary = [](KOVAConvertedEntitiesInfo const& info) {
         return test::describe(*std::make_unique<KOVAEndConversionTaskEvent>(info, KOVIResult(0)));
     };
-    KOVAConvertedEntitiesInfo info, copy;
-    info.Update(KOVAConvertedEntitiesInfo());
+    KOVAConvertedEntitiesInfo info;
     info.groups = 0;
     EXPECT_EQ(summary(info), "");
-    info = {-1, -1, -1, -1, -1, -1, -1, 1}; // counts, but is not shown
-    copy.init(info);
-    EXPECT_EQ(summary(copy), title + dashes + "\n");
-    info = {0, 1, 2, 3, -1, 5, 6, 7, 8, 9, 10, std::numeric_limits<int>::max()};
+    info.init({-1, -1, -1, -1, -1, -1, -1, 1}); // counts, but is not shown
+    EXPECT_EQ(summary(info), title + dashes + "\n");
+    info = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, std::numeric_limits<int>::max()};
     KOVAConvertedEntitiesInfo sum;
     sum.Update(info);
     sum.Update(info);
@@ -125,14 +129,13 @@ TEST(TaskEvents, ConversionSummary) {
                                 "No. of Assemblies                         :    2\n"
                                 "No. of Solid Bodies                       :    4\n"
                                 "No. of Trim Bodies                        :    6\n"
+                                "No. of Wire Bodies                        :    8\n"
                                 "No. of Point Bodies                       :    10\n"
                                 "No. of Mixed Bodies                       :    16\n"
                                 "No. of Single Point Bodies                :    18\n"
                                 "No. of Geometric Sets                     :    20\n"
                                 "No. of Curve Sets                         :    2147483647\n" +
                                 dashes + "\n");
-    sum.wireBodies = 4;
-    EXPECT_NE(summary(sum).find("\nNo. of Wire Bodies                        :    4\n"), std::string::npos);
 }
 
 TEST(TaskEvents, EnvironmentOfTheUser) {
@@ -178,10 +181,9 @@ TEST(Timing, PairsTasksAndReports) {
     step(timing, Finish("C"), 1601, 5);
     step(timing, Begin("A"), 0, 2147483647); // the clock wraps around
     step(timing, Finish("A"), 0, -2147483648L + 999);
-    step(timing, Finish("A"), 0, 5000);
     Begin unstamped("A");
-    Nameless nameless;
     timing.HandleEvent(unstamped);
+    step(timing, Finish("A"), 0, 5000);
     step(timing, Nameless(), 0, 0);
     timing.Finalize();
     timing.Finalize();
@@ -194,14 +196,9 @@ TEST(Timing, PairsTasksAndReports) {
                      "50 Message : " + std::string(31, ' ') + "D Time =       0.01\n",
                      "50 Message : " + std::string(31, ' ') + "C Time =     601.00\n",
                      "50 Message : ==================================================\n"}));
-    recorder.events.clear();
     timing.Initialize();
-    std::string const name(300, 'n');
-    step(timing, Begin(name.c_str()), 0, 0);
-    step(timing, Finish(name.c_str()), 0, 0);
-    timing.Finalize(); // old and new together
-    ASSERT_EQ(recorder.events.size(), 8U);
-    EXPECT_EQ(recorder.events[1], "50 Message : " + std::string(255, 'n') + " Time = 0.00 seconds.\n");
+    timing.Finalize(); // the old totals again
+    EXPECT_EQ(recorder.events.size(), 16U);
 }
 
 TEST(Timing, OnlyWhenTheUserAsksForIt) {
@@ -236,7 +233,6 @@ TEST(Json, OneObjectALine) {
     test::TextStream* const stream = new test::TextStream;
     KOVAJsonLogger logger;
     logger.Initialize(stream, 50);
-    KOVADebug::Printf("below the level");
     KOVAWarning::Printf("a \"b\"\\");
     step(logger, Begin("Read"), 5, 0);
     step(logger, Finish("Read"), 5, 2500);

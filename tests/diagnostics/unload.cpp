@@ -7,8 +7,6 @@ int main() {
     KOVAConsoleLogger::SetUp(-1);
     KOVAStartReadFileTaskEvent start("part.stl");
     KOVAEventBus::Fire(start);
-    KOVAEndReadEntitiesTaskEvent other(0); // never started
-    KOVAEventBus::Fire(other);
     KOVAFileHeader header;
     KOVAEndReadFileTaskEvent end(0, &header);
     KOVAEventBus::Fire(end);

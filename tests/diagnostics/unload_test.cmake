@@ -6,7 +6,6 @@ string(REGEX REPLACE "[0-9]+\\.[0-9][0-9]" "#" output "${output}")
 string(REPEAT "-" 80 dashes)
 set(wanted "Message : Task Timing On
 Input File           : part.stl
-Entity Reading Result : Success
 ----------------------------File Header Information-----------------------------
 ${dashes}
 Message : Read File Time = # seconds.
