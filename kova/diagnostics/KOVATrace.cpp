@@ -19,9 +19,11 @@ KOVATrace::~KOVATrace() = default;
 void KOVATrace::Printf(int level, char const* format, ...) {
     if (!enabled_)
         return;
+    if (!format)
+        format = "";
     std::va_list arguments;
     va_start(arguments, format);
-    kova::detail::ReportText const text(0, format ? format : "", arguments);
+    kova::detail::ReportText const text(0, format, arguments);
     va_end(arguments);
     switch (level) {
     case KOVA_TRACE_DEBUG: text.fire<KOVADebugEvent>(); break;
