@@ -8,7 +8,13 @@
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVATrace) == 8);
 
-KOVATrace::KOVATrace(char const* component) : enabled_(false) {
+namespace {
+
+constexpr char kNoText[] = {'\0'}; // no literal: clang warns of an empty format
+
+} // namespace
+
+KOVATrace::KOVATrace(char const* component) {
     KOVAString components;
     if (component && KOVAEnvironment::GetVariable("KOVALoggers", components).IsSuccess())
         enabled_ = components.indexOf(KOVAString(component)) >= 0;
@@ -19,11 +25,9 @@ KOVATrace::~KOVATrace() = default;
 void KOVATrace::Printf(int level, char const* format, ...) {
     if (!enabled_)
         return;
-    if (!format)
-        format = "";
     std::va_list arguments;
     va_start(arguments, format);
-    kova::detail::ReportText const text(0, format, arguments);
+    kova::detail::ReportText const text(0, format ? format : kNoText, arguments);
     va_end(arguments);
     switch (level) {
     case KOVA_TRACE_DEBUG: text.fire<KOVADebugEvent>(); break;
