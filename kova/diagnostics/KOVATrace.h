@@ -23,5 +23,5 @@ public:
     void Printf(int level, char const* format, ...) KOVA_PRINTF(3, 4);
 
 private:
-    bool enabled_;
+    bool enabled_ = false;
 };
