@@ -78,7 +78,7 @@ TEST(Table, FindsEveryKeyHoweverManyAndCopiesDeeply) {
     for (int i = 1; i < 3000; ++i)
         ASSERT_EQ(found(copy, KOVAString::valueOf(i)), std::to_string(i) + "=" + std::to_string(i));
     copy = table;
-    copy = copy;
+    copy = *&copy;
     EXPECT_EQ(found(copy, 0), "0=changed");
     EXPECT_EQ(copy.GetRowsCount(), 9000);
     EXPECT_TRUE(copy.GetReferenceCount() == 0 && table.GetReferenceCount() == 1);
