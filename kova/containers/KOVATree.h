@@ -13,8 +13,9 @@
 ///
 /// Deleting a node deletes every node below it, each once and without recursion, whatever the depth, however
 /// many parents a node has, and around cycles. Hazards: a node that hangs in another tree as well goes with
-/// the first of the two, so take it out of the children there before; and deleting a node of a cycle deletes
-/// the whole cycle.
+/// the first of the two, so take it out of the children there before; deleting a node of a cycle deletes the
+/// whole cycle; and what goes is settled when the first destructor starts, so a derived destructor must not
+/// detach or delete children. A node that is deleted alone is to be taken out of its parents' children before.
 class KOVA_API KOVATreeNode {
 public:
     /// Walks depth first over every node below a start node, each once, however many ways lead there. The

@@ -16,8 +16,11 @@ public:
     explicit KOVALogFileWrapper(bool reading);
     /// No log for a null or empty name.
     explicit KOVALogFileWrapper(char const* fileName);
-    /// Borrows the file: it stays the caller's, who closes it after this.
+    /// Borrows the file: it stays the caller's, who closes it after this. What is logged passes by the file's
+    /// own buffer.
     explicit KOVALogFileWrapper(std::FILE* file);
+    /// A wide name would be taken for the bool.
+    explicit KOVALogFileWrapper(void const*) = delete;
     KOVALogFileWrapper(KOVALogFileWrapper const&) = delete;
     KOVALogFileWrapper& operator=(KOVALogFileWrapper const&) = delete;
     ~KOVALogFileWrapper();

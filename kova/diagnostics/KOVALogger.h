@@ -16,8 +16,8 @@ class KOVAOutputStream;
 ///     ...
 ///     log.Finalize();
 ///
-/// An event is written whole, with one call of the stream; on a file that is one call of the system. A log
-/// that is full or closed loses events and disturbs nobody.
+/// An event describes itself into a buffer, which is then written whole, with one call of the stream; on a file that is
+/// one call of the system. A log that is full or closed loses events and disturbs nobody.
 ///
 /// A level of -1 (KOVA_LEVEL_UNSET) takes the level from the environment variable "KOVALogLevel": one of the
 /// keywords of KOVAEvent::GetLevel, 50 for anything else.
@@ -42,7 +42,8 @@ public:
 #else
     /// Takes the stream over, unless it is null or the logger has one: then it stays the caller's.
     virtual void Initialize(KOVAOutputStream* stream, KOVAEventLevel level);
-    /// The file stays the caller's, who closes it after Finalize. Nothing for null.
+    /// The file stays the caller's, who closes it after Finalize. Nothing for null. Hazard: what is logged
+    /// passes by the file's own buffer; flush it before.
     virtual void Initialize(std::FILE* file, KOVAEventLevel level);
     /// Both create or truncate the file, and raise "CANNOT_OPEN_FILE" when that fails. Nothing for a null or
     /// empty name.

@@ -55,6 +55,8 @@ private:
 class KOVA_API KOVAStartTaskEvent : public KOVATaskEvent {
 public:
     KOVAStartTaskEvent(char const* eventName, char const* taskIdentifier, KOVAEventLevel level);
+    KOVAStartTaskEvent(char const* eventName, char const* taskIdentifier, int level)
+        : KOVAStartTaskEvent(eventName, taskIdentifier, static_cast<KOVAEventLevel>(level)) {}
     KOVATaskEventKind GetKind() override;
 };
 
@@ -62,6 +64,8 @@ public:
 class KOVA_API KOVAEndTaskEvent : public KOVATaskEvent {
 public:
     KOVAEndTaskEvent(KOVIResult const& result, char const* eventName, char const* taskIdentifier, KOVAEventLevel level);
+    KOVAEndTaskEvent(KOVIResult const& result, char const* eventName, char const* taskIdentifier, int level)
+        : KOVAEndTaskEvent(result, eventName, taskIdentifier, static_cast<KOVAEventLevel>(level)) {}
     void GetFormattedDescription(KOVAOutputStream* out) override;
     KOVATaskEventKind GetKind() override;
 

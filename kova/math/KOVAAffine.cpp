@@ -30,12 +30,12 @@ void KOVAAffine::GetColumn(int column, double* const values) const noexcept {
         values[i] = elements_[i][column];
 }
 
-void KOVAAffine::SetRow(int row, double* const values) noexcept {
+void KOVAAffine::SetRow(int row, double const* const values) noexcept {
     for (int j = 0; j < dimension_; ++j)
         elements_[row][j] = values[j];
 }
 
-void KOVAAffine::SetColumn(int column, double* const values) noexcept {
+void KOVAAffine::SetColumn(int column, double const* const values) noexcept {
     for (int i = 0; i < dimension_; ++i)
         elements_[i][column] = values[i];
 }
@@ -124,15 +124,29 @@ double KOVAAffine::DeterminantOfCofactor(int row, int column) const noexcept {
     return (row + column) % 2 == 0 ? minor : -minor;
 }
 
+namespace {
+
+/// Callers compare results bit for bit: the minor is formed first, then its sign turned, so that a zero keeps
+/// the sign that this gives it.
+double cofactor(double const (&a)[3][3], int row, int column) noexcept {
+    int const r1 = row == 0 ? 1 : 0;
+    int const r2 = row == 2 ? 1 : 2;
+    int const c1 = column == 0 ? 1 : 0;
+    int const c2 = column == 2 ? 1 : 2;
+    double const minor = a[r1][c1] * a[r2][c2] - a[r1][c2] * a[r2][c1];
+    return (row + column) % 2 == 1 ? -minor : minor;
+}
+
+} // namespace
+
 void KOVAAffine::GetInverse(KOVAAffine& out) const {
     double const factor = reciprocal(Determinant());
     double a[3][3]; // a copy, as `out` may be this
     std::copy_n(elements_[0], 9, a[0]);
     if (dimension_ == 3) {
         for (int i = 0; i < 3; ++i) {
-            kova::detail::AdjugateRow const row = kova::detail::adjugateRow(a, i);
-            kova::detail::store(row.first * kova::detail::both(factor), out.elements_[i]);
-            out.elements_[i][2] = row.third * factor;
+            for (int j = 0; j < 3; ++j)
+                out.elements_[i][j] = cofactor(a, j, i) * factor;
         }
     } else if (dimension_ == 2) {
         out.elements_[0][0] = a[1][1] * factor;

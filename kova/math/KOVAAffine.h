@@ -26,8 +26,8 @@ public:
     // As many values as there are dimensions.
     void GetRow(int row, double* const values) const noexcept;
     void GetColumn(int column, double* const values) const noexcept;
-    void SetRow(int row, double* const values) noexcept;
-    void SetColumn(int column, double* const values) noexcept;
+    void SetRow(int row, double const* const values) noexcept;
+    void SetColumn(int column, double const* const values) noexcept;
 
     /// Every element becomes the value.
     void Initialize(double value) noexcept;

@@ -37,7 +37,7 @@ KOVIResult KOVAAssemblyComponentTransform::Get(double* m12) const {
     return copy(m_, m12, 12);
 }
 
-KOVIResult KOVAAssemblyComponentTransform::Set(double* m12) {
+KOVIResult KOVAAssemblyComponentTransform::Set(double const* m12) {
     changed();
     return copy(m12, m_, 12);
 }
@@ -46,7 +46,7 @@ KOVIResult KOVAAssemblyComponentTransform::GetRotation(double* m9) const {
     return copy(m_, m9, 9);
 }
 
-KOVIResult KOVAAssemblyComponentTransform::SetRotation(double* m9) {
+KOVIResult KOVAAssemblyComponentTransform::SetRotation(double const* m9) {
     changed();
     return copy(m9, m_, 9);
 }
@@ -55,12 +55,12 @@ KOVIResult KOVAAssemblyComponentTransform::GetTranslation(double* t3) const {
     return copy(m_ + kTranslation, t3, 3);
 }
 
-KOVIResult KOVAAssemblyComponentTransform::SetTranslation(double* t3) {
+KOVIResult KOVAAssemblyComponentTransform::SetTranslation(double const* t3) {
     changed();
     return copy(t3, m_ + kTranslation, 3);
 }
 
-KOVIResult KOVAAssemblyComponentTransform::Set3x4ByRow(float* m) {
+KOVIResult KOVAAssemblyComponentTransform::Set3x4ByRow(float const* m) {
     if (!m)
         return kInvalidArgument;
     changed();
@@ -69,7 +69,7 @@ KOVIResult KOVAAssemblyComponentTransform::Set3x4ByRow(float* m) {
     return kSuccess;
 }
 
-KOVIResult KOVAAssemblyComponentTransform::Set4x4ByColumn(float* m) {
+KOVIResult KOVAAssemblyComponentTransform::Set4x4ByColumn(float const* m) {
     if (!m)
         return kInvalidArgument;
     changed();

@@ -23,17 +23,17 @@ public:
 
     /// The linear part, then the translation: 12 doubles.
     KOVIResult Get(double* m12) const;
-    KOVIResult Set(double* m12);
+    KOVIResult Set(double const* m12);
     /// The linear part: 9 doubles.
     KOVIResult GetRotation(double* m9) const;
-    KOVIResult SetRotation(double* m9);
+    KOVIResult SetRotation(double const* m9);
     KOVIResult GetTranslation(double* t3) const;
-    KOVIResult SetTranslation(double* t3);
+    KOVIResult SetTranslation(double const* t3);
 
     /// Three rows of four floats, the translation in the last column.
-    KOVIResult Set3x4ByRow(float* m);
+    KOVIResult Set3x4ByRow(float const* m);
     /// Sixteen floats, the translation in the last column; the last row is ignored.
-    KOVIResult Set4x4ByColumn(float* m);
+    KOVIResult Set4x4ByColumn(float const* m);
     /// Sixteen floats; the last row is 0, 0, 0, 1.
     KOVIResult Get4x4ByRow(float* m) const;
     KOVIResult Get4x4ByColumn(float* m) const;

@@ -14,8 +14,8 @@ void copy(float const* from, float* to) {
 
 } // namespace
 
-KOVACamera::KOVACamera(KOVACameraType type, float* position, float* target, float* zenith, float angle,
-                       float zoom) noexcept
+KOVACamera::KOVACamera(KOVACameraType type, float const* position, float const* target, float const* zenith,
+                       float angle, float zoom) noexcept
     : type_(type), angle_(angle), zoom_(zoom) {
     copy(position, position_);
     copy(target, target_);

@@ -16,7 +16,8 @@ public:
     KOVACamera() noexcept = default;
     /// The direction is the unit vector from the position to the target. Callers depend on a camera that looks
     /// at its own position having no number in its direction. The zenith is kept as it is.
-    KOVACamera(KOVACameraType type, float* position, float* target, float* zenith, float angle, float zoom) noexcept;
+    KOVACamera(KOVACameraType type, float const* position, float const* target, float const* zenith, float angle,
+               float zoom) noexcept;
 
     virtual KOVACameraType GetType() const;
     virtual void GetPosition(float* out3) const;

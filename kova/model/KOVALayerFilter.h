@@ -27,6 +27,11 @@ public:
     /// leaves the filter unnamed.
     KOVIResult Set(int count, int* layers, KOVAString const& name, bool current, eLayerFilterType type);
 
+    /// The same for a type as a number.
+    KOVIResult Set(int count, int* layers, KOVAString const& name, bool current, int type) {
+        return Set(count, layers, name, current, static_cast<eLayerFilterType>(type));
+    }
+
     /// Failure when unnamed; the output is left alone then.
     KOVIResult GetName(KOVAString& name) const;
     /// Failure for an empty name, and the old one stays.
@@ -38,6 +43,7 @@ public:
     KOVIResult IsALLLayerFilter(bool& all) const;
     KOVIResult GetLayerFilterType(eLayerFilterType& type) const;
     KOVIResult SetLayerFilterType(eLayerFilterType type);
+    KOVIResult SetLayerFilterType(int type) { return SetLayerFilterType(static_cast<eLayerFilterType>(type)); }
 
     KOVIResult GetNumLayers(int& count) const;
     /// Failure, and -1 for the layer, when there is no such position.

@@ -8,6 +8,9 @@
 /// Polylines of a model: points, a list of indices, colours. It refers to the caller's arrays; copies refer to
 /// the same. Points and colours are three floats each. The list of indices is stored as it comes, one int an
 /// entry; nothing here reads it.
+///
+/// Hazard: assignment drops what was owned without releasing it, and copies of a set that owns its points
+/// release them once each.
 class KOVA_API KOVAPolylineSet {
 public:
     explicit KOVAPolylineSet(int key) noexcept : key_(key) {}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <type_traits>
+
 #include <kova/core/export.h>
 
 /// A colour: red, green, blue and alpha, each from 0 to 1.
@@ -12,6 +14,8 @@
 /// 0 to 1. Callers depend on a default colour, all 0, being invalid. Null arrays are ignored. Hazard: arrays
 /// hold four components, three for GetRGB; that is not checked.
 class KOVA_API KOVARGBColor {
+    template <class... T> using Component = std::conditional_t<(std::is_integral_v<T> && ...), unsigned int, float>;
+
 public:
     /// All 0, and invalid.
     KOVARGBColor() noexcept = default;
@@ -20,10 +24,13 @@ public:
     KOVARGBColor(unsigned int r, unsigned int g, unsigned int b, unsigned int a) noexcept {
         KOVARGBColor::SetRGB(r, g, b, a);
     }
-    /// Here for literals.
-    KOVARGBColor(int r, int g, int b, int a) noexcept
-        : KOVARGBColor(static_cast<unsigned int>(r), static_cast<unsigned int>(g), static_cast<unsigned int>(b),
-                       static_cast<unsigned int>(a)) {}
+    /// Here for literals: four integers are the form to 255, anything else the form to 1.
+    template <class R, class G, class B, class A,
+              class = std::enable_if_t<std::is_arithmetic_v<R> && std::is_arithmetic_v<G> && std::is_arithmetic_v<B> &&
+                                       std::is_arithmetic_v<A>>>
+    KOVARGBColor(R r, G g, B b, A a) noexcept
+        : KOVARGBColor(static_cast<Component<R, G, B, A>>(r), static_cast<Component<R, G, B, A>>(g),
+                       static_cast<Component<R, G, B, A>>(b), static_cast<Component<R, G, B, A>>(a)) {}
 
     virtual bool IsValid() const;
 

@@ -327,9 +327,8 @@ void KOVAOptions::Dump(char const* title, char const* prefix, char const* suffix
     auto const orEmpty = [](char const* text) { return text ? text : ""; };
     if (title)
         KOVAInfo::PrintfAsItIs("%s", title);
-    KOVAOption* option = nullptr;
     InitEnumeration();
-    while (GetNext(option).IsSuccess()) {
+    for (KOVAOption* option = nullptr; GetNext(option).IsSuccess() && option;) {
         KOVAString value;
         option->current_.GetValue(value);
         KOVAInfo::PrintfAsItIs("%s%s=%s%s", orEmpty(prefix), static_cast<char const*>(option->name_), orEmpty(value),

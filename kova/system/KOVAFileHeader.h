@@ -71,9 +71,17 @@ public:
     KOVIResult Set(KOVAString const& name, char const* text) {
         return Set(name, KOVAString(text));
     }
+    /// An integer that an int does not hold becomes a double.
     template <class Number, class = std::enable_if_t<std::is_arithmetic_v<Number>>>
     KOVIResult Set(KOVAString const& name, Number value) {
-        return Set(name, KOVAValue(value));
+        if constexpr (std::is_same_v<Number, bool>) {
+            return Set(name, KOVAValue(value));
+        } else {
+            int const number = static_cast<int>(value);
+            bool const fits = std::is_integral_v<Number> && static_cast<Number>(number) == value &&
+                              (number < 0) == (value < Number{0});
+            return Set(name, fits ? KOVAValue(number) : KOVAValue(static_cast<double>(value)));
+        }
     }
 
 private:

@@ -60,6 +60,14 @@ KOVA_API KOVIResult set_sending_system_unit(KOVAUnit* unit);
 KOVA_API KOVIResult set_receiving_system_unit(KOVAUnit unit);
 KOVA_API KOVIResult set_receiving_system_unit(KOVAUnit* unit);
 
+// The number of a unit, checked in the same way. (Without these a literal 0 would be a null pointer.)
+inline KOVIResult set_sending_system_unit(int unit) {
+    return set_sending_system_unit(static_cast<KOVAUnit>(unit));
+}
+inline KOVIResult set_receiving_system_unit(int unit) {
+    return set_receiving_system_unit(static_cast<KOVAUnit>(unit));
+}
+
 /// Always Success: the unknown unit until one is set.
 KOVA_API KOVIResult get_sending_system_unit(KOVAUnit& unit);
 /// Always Success: the model unit until one is set.
@@ -70,6 +78,7 @@ KOVA_API KOVIResult set_internal_unit(KOVAUnit sending, KOVAUnit receiving);
 /// Sets both from KOVAUnitValue: writing goes from the application's unit to the write unit, reading from the
 /// read unit to the application's.
 KOVA_API KOVIResult set_internal_unit(bool writing);
+KOVIResult set_internal_unit(KOVAUnit) = delete; // which would be taken for the bool
 
 /// What a reading translator calls with the unit that it finds in a file.
 using KOVAReadUnitCallback = void (*)(KOVAUnit unit);
