@@ -33,8 +33,8 @@ private:
 ///
 /// Iterators, searching, popping and erasing come from the base, as a map has them too.
 ///
-/// Hazard: copies share their nodes, and Clear and the destructor release the first node only; callers
-/// depend on later nodes outliving the list. Who holds several entries and cares about their storage
+/// Hazard: copies share their nodes; Clear and the destructor release the first node only, and assignment
+/// none: callers depend on nodes outliving the list. Who holds several entries and cares about their storage
 /// removes them with PopFront first.
 class KOVA_API KOVAList : public kova::detail::Linked<KOVAListNode> {
 public:

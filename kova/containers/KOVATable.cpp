@@ -55,13 +55,7 @@ KOVIResult KOVATable::Add(KOVAValue const* first, ...) {
     va_start(rest, first);
     Row const row = rowOf(first, rest);
     va_end(rest);
-    if (keyColumn_ < row.size()) {
-        if (std::int32_t* const older = index_.find(row[keyColumn_]))
-            *older = rows_.size();
-        else
-            index_.insert(row[keyColumn_], rows_.size());
-    }
-    rows_.add(row);
+    append(row);
     return kSuccess;
 }
 
@@ -76,10 +70,21 @@ KOVIResult KOVATable::Set(KOVAValue const* first, ...) {
             rows_[*found] = row;
             return kSuccess;
         }
-        index_.insert(key, rows_.size());
     }
-    rows_.add(row);
+    append(row);
     return kSuccess;
+}
+
+/// Appends a row, unless memory runs out, and has its key find it.
+void KOVATable::append(Row const& row) {
+    std::int32_t const number = rows_.size();
+    rows_.add(row);
+    if (rows_.size() == number || keyColumn_ >= row.size())
+        return;
+    if (std::int32_t* const older = index_.find(row[keyColumn_]))
+        *older = number;
+    else
+        index_.insert(row[keyColumn_], number);
 }
 
 KOVIResult KOVATable::Get(int row, KOVAValue* first, ...) {
@@ -108,6 +113,6 @@ KOVIResult KOVATable::Get(KOVAValue* key, ...) {
     return kSuccess;
 }
 
-int KOVATable::GetRowsCount() {
+int KOVATable::GetRowsCount() const {
     return rows_.size();
 }

@@ -42,10 +42,12 @@ public:
     /// The same for the row that the first listed value finds; Failure when it finds none.
     virtual KOVIResult Get(KOVAValue* key, ...);
 #endif
-    virtual int GetRowsCount();
+    virtual int GetRowsCount() const;
 
 private:
     using Row = KOVADynamicArray<KOVAValue>;
+
+    void append(Row const& row);
 
     KOVADynamicArray<Row> rows_;
     std::int32_t keyColumn_ = 0;

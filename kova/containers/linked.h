@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 
 namespace kova::detail {
 
@@ -75,9 +76,13 @@ public:
 
 protected:
     Linked() noexcept = default;
-    /// Both share the other's nodes.
+    /// Both share the other's nodes. Callers depend on the nodes of before outliving an assignment.
     Linked(Linked const& other) noexcept { *this = other; }
     Linked& operator=(Linked const& other) noexcept {
+        for (Node* const former : {head_, tail_}) {
+            if (former && former != other.head_ && former != other.tail_)
+                ++former->holders_;
+        }
         point(head_, other.head_);
         point(tail_, other.tail_);
         size_ = other.size_;

@@ -31,15 +31,22 @@ public:
         return position ? *position : -1;
     }
 
-    /// The position of the name, which is added, with a default value, when it is not there.
+    /// The position of the name, which is added, with a default value, when it is not there; -1 when memory
+    /// runs out.
     int findOrAdd(KOVAString const& name) {
         int const found = find(name);
         if (found >= 0)
             return found;
-        index_.insert(name, size());
+        int const position = size();
         names_.add(name);
-        values_.add(Value());
-        return size() - 1;
+        if (names_.size() > position)
+            values_.add(Value());
+        if (size() == position) {
+            names_.resize(position);
+            return -1;
+        }
+        index_.insert(name, position);
+        return position;
     }
 
 private:

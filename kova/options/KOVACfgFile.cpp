@@ -181,15 +181,18 @@ Gk_String KOVACfgFile::GetErrorMessage(int i) const {
 }
 
 void KOVACfgFile::flagError(char const* format, ...) {
-    char message[2048];
+    char message[2048] = "";
     std::va_list arguments;
     va_start(arguments, format);
-    std::vsnprintf(message, sizeof message, format, arguments);
+    if (format)
+        std::vsnprintf(message, sizeof message, format, arguments);
     va_end(arguments);
     errors_.add(Gk_String(message));
 }
 
 void KOVACfgFile::removeWhiteSpaces(char* text) {
+    if (!text)
+        return;
     std::string_view rest(text);
     constexpr char kRemoved[] = "\t \r\n\"";
     rest.remove_prefix(std::min(rest.find_first_not_of(kRemoved), rest.size()));
@@ -222,9 +225,10 @@ bool KOVACfgFile::loadLine(std::FILE* file, long number, KOVACfgFileSection*& cu
     int const length = readLine(line, file);
     bool const hasZero = std::memchr(line, 0, static_cast<std::size_t>(length)) != nullptr;
     removeWhiteSpaces(line);
-    if (hasZero)
+    bool const isComment = *line == '#' || *line == ';';
+    if (hasZero && !isComment)
         flagError("Incorrect syntax: line %ld:%s *** \"key=value\" expected", number, line);
-    else if (*line && *line != '#' && *line != ';')
+    else if (*line && !isComment)
         parseLine(line, number, current);
     return length > 0;
 }

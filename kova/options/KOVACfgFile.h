@@ -66,8 +66,8 @@ private:
 ///
 /// Lines before the first section belong to the section "", which a null section name means too. Keys and
 /// values lose blanks and double quotes at both ends; ":" separates where a line has no "=". Lines that are
-/// no such line are recorded as errors, and loading goes on. Loads add to what is there, errors included. A
-/// line of more than 1023 characters counts as several.
+/// no such line, or hold a zero, are recorded as errors, and loading goes on. Loads add to what is there, errors
+/// included. A line of more than 1023 characters counts as several.
 class KOVA_API KOVACfgFile {
 public:
     KOVACfgFile();

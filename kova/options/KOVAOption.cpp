@@ -17,6 +17,7 @@ static_assert(sizeof(void*) != 4 || sizeof(KOVAOptionsArray) == 8);
 
 using kova::detail::kEmptyOption;
 using kova::detail::kErrorEncountered;
+using kova::detail::kInvalidArgument;
 using kova::detail::kSuccess;
 
 namespace {
@@ -158,12 +159,15 @@ template <class T> KOVIResult KOVAOption::get(T& value, KOVAValue::KOVAValueType
     KOVAValue::KOVAValueType const stored = storedType();
     if (stored == KOVAValue::Unknown)
         return kEmptyOption;
-    KOVIResult const result = current_.GetValue(value);
+    T read{};
+    KOVIResult const result = current_.GetValue(read);
+    if (result != kInvalidArgument) // the current value is unknown
+        value = read;
     if (result.IsFailure())
         KOVADebug::Printf("KOVAOption::GetValue: Requested type (%s) doesn't match stored type (%s) for option '%s'.",
                           nameOf(type), nameOf(stored), shown(shortName()));
     if (log.IsEnabled())
-        trace(shown(shortName()), value);
+        trace(shown(shortName()), read);
     return result;
 }
 

@@ -29,6 +29,8 @@ public:
     KOVAOption(KOVAOptionName const& name, KOVAValue const& value, bool isPrivate = false);
     /// Here lest a literal be taken for a bool.
     KOVAOption(KOVAOptionName const& name, char const* value, bool isPrivate = false);
+    KOVAOption(KOVAOptionName const& name, unsigned short const* value, bool isPrivate = false)
+        : KOVAOption(name, KOVAString(value), isPrivate) {}
     KOVAOption(KOVAOption const& other);
     /// Callers depend on an option that has a default keeping it, and with it its type; everything else is
     /// taken over.
@@ -44,6 +46,7 @@ public:
     KOVIResult SetValue(KOVAString const& value);
     KOVIResult SetValue(KOVAValue const& value);
     KOVIResult SetValue(char const* value) { return SetValue(KOVAString(value)); }
+    KOVIResult SetValue(unsigned short const* value) { return SetValue(KOVAString(value)); }
 
     // The current value. The result is that of the conversion; a failure is reported as a debug message.
 

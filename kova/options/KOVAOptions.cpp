@@ -28,6 +28,13 @@ constexpr int kLevels = 7;
 constexpr unsigned short kStarUnits[] = {'*', 0};
 constexpr NamePart kStar{kStarUnits, 1};
 
+/// The option's value, read as its type.
+template <class T> void dumpAs(KOVAStreamFormatter& formatter, KOVAOption const& option) {
+    T value{};
+    option.GetValue(value);
+    formatter << value;
+}
+
 /// The part that a name has at a level of its path: the last part first, then the others, then "*".
 NamePart const& partAt(NameParts const& parts, int level) {
     if (level == 0)
@@ -72,13 +79,15 @@ public:
 
     /// Of a root: the end that was remembered for a name; null when there is none.
     KOVAOptionToken* end(KOVAString const& name) const {
-        std::int32_t const* const found = endIndex_.find({name, name.length()});
-        return found ? ends_[static_cast<std::size_t>(*found)].second : nullptr;
+        std::int32_t const* const found = ends_ ? ends_->index.find({name, name.length()}) : nullptr;
+        return found ? ends_->nodes[static_cast<std::size_t>(*found)].second : nullptr;
     }
     /// The same names as another root, whose tree this is a copy of.
     void rememberEndsOf(KOVAOptionToken const& other) {
-        for (auto const& [name, node] : other.ends_)
-            rememberEnd(name, exactEnd(NameParts(name)));
+        if (other.ends_) {
+            for (auto const& [name, node] : other.ends_->nodes)
+                rememberEnd(name, exactEnd(NameParts(name)));
+        }
     }
     /// Of a root: the end of exactly this path, "*" standing for nothing else; null when there is none.
     KOVAOptionToken* exactEnd(NameParts const& parts) {
@@ -90,8 +99,11 @@ public:
     void rememberEnd(KOVAString const& name, KOVAOptionToken* node) {
         if (end(name))
             return;
-        ends_.emplace_back(name, node);
-        endIndex_.insert({ends_.back().first, name.length()}, static_cast<std::int32_t>(ends_.size()) - 1);
+        if (!ends_)
+            ends_ = std::make_unique<Ends>();
+        ends_->nodes.emplace_back(name, node);
+        ends_->index.insert({ends_->nodes.back().first, name.length()},
+                            static_cast<std::int32_t>(ends_->nodes.size()) - 1);
     }
 
     /// The node behind this one, children first; null behind the last.
@@ -123,6 +135,10 @@ private:
     }
 
     using Index = kova::detail::HashIndex<NamePart>;
+    struct Ends {
+        std::vector<std::pair<KOVAString, KOVAOptionToken*>> nodes;
+        Index index; ///< its keys lie in the names
+    };
 
     std::vector<unsigned short> token_;
     KOVAOptionToken* parent_;
@@ -130,8 +146,7 @@ private:
     KOVAOptionToken* star_ = nullptr;
     std::vector<std::unique_ptr<KOVAOptionToken>> children_;
     std::unique_ptr<Index> index_; ///< its keys lie in the children
-    std::vector<std::pair<KOVAString, KOVAOptionToken*>> ends_;
-    Index endIndex_; ///< its keys lie in the names of ends_
+    std::unique_ptr<Ends> ends_;   ///< of a root
 
 public:
     std::unique_ptr<KOVAOption> option;
@@ -278,7 +293,9 @@ KOVIResult KOVAOptions::GetOption(KOVAString const& name, KOVAOption*& option) c
 }
 
 KOVIResult KOVAOptions::GetNext(KOVAOption*& option) {
-    if (!root_ || cursor_ == root_)
+    if (!root_)
+        root_ = new KOVAOptionToken; // which stands for the end as well
+    if (cursor_ == root_)
         return kFailure;
     KOVAOptionToken* node = cursor_ ? cursor_->next() : root_->next();
     while (node && !node->option)
@@ -319,8 +336,17 @@ void KOVAOptions::DumpOptions(KOVAStreamFormatter& formatter) {
               << "============================================================= " << formatter.newline;
     KOVAOption* option = nullptr;
     InitEnumeration();
-    while (GetNext(option).IsSuccess())
-        formatter << "The Option " << option->name_ << " value is\t\t=" << option->current_ << formatter.newline;
+    while (GetNext(option).IsSuccess()) {
+        formatter << "The Option " << option->name_ << " value is\t\t=";
+        switch (option->storedType()) {
+        case KOVAValue::Int: dumpAs<int>(formatter, *option); break;
+        case KOVAValue::Bool: dumpAs<bool>(formatter, *option); break;
+        case KOVAValue::Double: dumpAs<double>(formatter, *option); break;
+        case KOVAValue::String: dumpAs<KOVAString>(formatter, *option); break;
+        case KOVAValue::Unknown: break;
+        }
+        formatter << formatter.newline;
+    }
 }
 
 void KOVAOptions::Dump(char const* title, char const* prefix, char const* suffix) {

@@ -37,6 +37,7 @@ public:
     KOVIResult AddOption(char const* name, double value);
     KOVIResult AddOption(char const* name, KOVAString const& value);
     KOVIResult AddOption(char const* name, char const* value);
+    KOVIResult AddOption(char const* name, unsigned short const* value) { return AddOption(name, KOVAString(value)); }
     /// The type is the first that the text reads as: an integer, a real, a bool (Yes, True, On, No, False, Off
     /// in any case), a text.
     KOVIResult AddOptionParseValue(char const* name, char const* text);

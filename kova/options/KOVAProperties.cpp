@@ -36,13 +36,17 @@ KOVIResult KOVAProperties::Set(KOVAString const& assignment) {
     int const separator = assignment.indexOf('=');
     if (separator < 1)
         return kFailure;
-    return Set(assignment.substring(0, separator), KOVAValue(assignment.substring(separator + 1)));
+    KOVAString const text = assignment.substring(separator + 1);
+    return Set(assignment.substring(0, separator), text.length() > 0 ? KOVAValue(text) : KOVAValue(""));
 }
 
 KOVIResult KOVAProperties::Set(KOVAString const& name, KOVAValue const& value) {
     KOVAValue kept;
     kept = value; // which may be one of ours, and move
-    values_.value(values_.findOrAdd(name)) = kept;
+    int const position = values_.findOrAdd(name);
+    if (position < 0)
+        return kFailure;
+    values_.value(position) = kept;
     return kSuccess;
 }
 

@@ -36,6 +36,7 @@ public:
     KOVAValue(double value) noexcept;
     KOVAValue(char const* value);
     KOVAValue(KOVAString const& value);
+    KOVAValue(unsigned short const* value) : KOVAValue(KOVAString(value)) {}
     KOVAValue(KOVAValue const& other);
     /// Takes over the type and what belongs to it; a text is replaced only by a text.
     KOVAValue& operator=(KOVAValue const& other);
@@ -48,6 +49,7 @@ public:
     KOVIResult SetValue(KOVAString const& value);
     /// Here lest a literal be taken for a bool.
     KOVIResult SetValue(char const* value) { return SetValue(KOVAString(value)); }
+    KOVIResult SetValue(unsigned short const* value) { return SetValue(KOVAString(value)); }
 
     // Reading an unknown value is an Invalid Argument and leaves the output alone. Callers depend on a
     // double reading as int 1 unless it is 0.0: it is not truncated.
@@ -65,13 +67,19 @@ public:
     /// A bool prints as 0 or 1, an unknown value prints nothing.
     void Dump(KOVAStreamFormatter& formatter) const;
     /// The value as text, which lives until the value changes. Callers depend on the text staying in the
-    /// value, whatever its type. Null when an unknown value has no text.
+    /// value, whatever its type. Null when that is the null string. Hazard: `if (value)` asks whether there is a
+    /// text, not what it says.
     operator char const*() const;
 
     /// Same type and same value, texts by case. Callers depend on an unknown value equalling nothing, not
     /// even itself.
     bool operator==(KOVAValue const& other) const noexcept;
     bool operator!=(KOVAValue const& other) const noexcept { return !(*this == other); }
+    // Here for literals.
+    bool operator==(char const* text) const { return *this == KOVAValue(text); }
+    bool operator!=(char const* text) const { return !(*this == text); }
+    bool operator==(int number) const noexcept { return *this == KOVAValue(number); }
+    bool operator!=(int number) const noexcept { return !(*this == number); }
 
     /// The hash of an int; these numbers are compatible with those of other builds.
     static unsigned int GetHashCode(int value) noexcept;

@@ -29,7 +29,7 @@ public:
             fill(wanted);
         return {block_.data() + begin_, end_ - begin_};
     }
-    /// Takes bytes that were looked at.
+    /// Takes bytes that were looked at. Hazard: that there were so many is not checked.
     void take(std::size_t count) noexcept { begin_ += count; }
 
     /// The position of the next byte, counted from where reading began.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include <kova/stream/KOVAOutputStream.h>
 
@@ -9,15 +10,17 @@ KOVABlockWriter::KOVABlockWriter(KOVAOutputStream& stream, int blockSize)
     : stream_(stream), block_(static_cast<std::size_t>(std::max(blockSize, 1))) {}
 
 KOVABlockWriter::~KOVABlockWriter() {
-    flush();
+    try {
+        flush();
+    } catch (...) { // NOLINT(bugprone-empty-catch): who wants to know flushes before
+    }
 }
 
 void KOVABlockWriter::flush() {
-    if (fill_ == 0)
-        return;
-    stream_.write(block_.data(), static_cast<int>(fill_));
-    written_ += static_cast<long long>(fill_);
-    fill_ = 0;
+    std::size_t const count = std::exchange(fill_, 0);
+    written_ += static_cast<long long>(count);
+    if (count > 0)
+        stream_.write(block_.data(), static_cast<int>(count));
 }
 
 void KOVABlockWriter::makeRoom(int count) {

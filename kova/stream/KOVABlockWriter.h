@@ -21,10 +21,10 @@ public:
     explicit KOVABlockWriter(KOVAOutputStream& stream, int blockSize = 65536);
     KOVABlockWriter(KOVABlockWriter const&) = delete;
     KOVABlockWriter& operator=(KOVABlockWriter const&) = delete;
-    /// Writes what still waits.
+    /// Writes what still waits; what the stream throws then is lost.
     ~KOVABlockWriter();
 
-    /// Room for count bytes, for the caller to fill. Lives until the next call.
+    /// Room for count bytes, 0 or more, for the caller to fill. Lives until the next call.
     char* room(int count) {
         if (block_.size() - fill_ < static_cast<std::size_t>(count))
             makeRoom(count);

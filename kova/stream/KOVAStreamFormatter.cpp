@@ -11,6 +11,7 @@
 
 #include <kova/options/KOVAValue.h>
 #include <kova/stream/KOVAOutputStream.h>
+#include <kova/text/Gk_String.h>
 #include <kova/text/KOVAString.h>
 #include <kova/text/numbers.h>
 
@@ -28,6 +29,19 @@ constexpr char kULongFormat[] = "%ul";
 constexpr char kLongFormat[] = "%ld";
 
 char formatBuffer[512];
+
+/// The stars of a format's first conversion, each of which takes an argument ahead of the value.
+int countStars(char const* format) {
+    char const* at = std::strchr(format, '%');
+    while (at && at[1] == '%')
+        at = std::strchr(at + 2, '%');
+    int stars = 0;
+    if (at) {
+        for (++at; *at && std::strchr("-+ #0123456789.*lL", *at); ++at)
+            stars += *at == '*' ? 1 : 0;
+    }
+    return stars;
+}
 
 } // namespace
 
@@ -89,13 +103,36 @@ KOVAStreamFormatter::KOVAStreamFormatter(KOVAOutputStream* output)
 
 KOVAStreamFormatter::KOVAStreamFormatter(KOVAStreamFormatter const& other) = default;
 
-KOVAStreamFormatter& KOVAStreamFormatter::operator=(KOVAStreamFormatter const& other) = default;
+KOVAStreamFormatter& KOVAStreamFormatter::operator=(KOVAStreamFormatter const& other) {
+    if (this == &other)
+        return *this;
+    leaveMargin();
+    output_ = other.output_;
+    doubleFormat_ = other.doubleFormat_;
+    intFormat_ = other.intFormat_;
+    uintFormat_ = other.uintFormat_;
+    ulongFormat_ = other.ulongFormat_;
+    longFormat_ = other.longFormat_;
+    precisionGiven_ = other.precisionGiven_;
+    precision_ = other.precision_;
+    std::copy_n(other.buffer_, sizeof buffer_, buffer_);
+    margin = other.margin;
+    blank = other.blank;
+    newline = other.newline;
+    empty = other.empty;
+    return *this;
+}
+
+/// The margin may live on in others' hands.
+void KOVAStreamFormatter::leaveMargin() {
+    if (margin.IsValid() && margin->formatter_ == this)
+        margin->formatter_ = nullptr;
+}
 
 KOVAStreamFormatter::~KOVAStreamFormatter() {
     if (output_)
         output_->flush();
-    if (margin.IsValid() && margin->formatter_ == this)
-        margin->formatter_ = nullptr;
+    leaveMargin();
 }
 
 KOVAOutputStream* KOVAStreamFormatter::installOutputStream(KOVAOutputStream* output) noexcept {
@@ -194,10 +231,13 @@ void KOVAStreamFormatter::dump(double value) {
     if (doubleFormat_ == kDoubleFormat) {
         char text[kova::detail::kLongestFixed];
         output_->write(text, static_cast<int>(kova::detail::formatFixed(value, text) - text));
-    } else if (std::strchr(doubleFormat_, '*')) {
-        dumpFormatted(doubleFormat_, precisionGiven_ ? precision_ : -1, value);
     } else {
-        dumpFormatted(doubleFormat_, value);
+        int const precision = precisionGiven_ ? precision_ : -1;
+        switch (countStars(doubleFormat_)) {
+        case 0: dumpFormatted(doubleFormat_, value); break;
+        case 1: dumpFormatted(doubleFormat_, precision, value); break;
+        default: dumpFormatted(doubleFormat_, precision, precision, value); break;
+        }
     }
 }
 
@@ -254,4 +294,12 @@ KOVAStreamFormatterObjectHandle KOVAStreamFormatter::format(char const* fmt, ...
         formatBuffer[0] = '\0';
     va_end(arguments);
     return KOVAStreamFormatterObjectHandle(new KOVAStreamFormatterObject(formatBuffer));
+}
+
+KOVAStreamFormatter& operator<<(KOVAStreamFormatter& out, Gk_ROString const& text) {
+    return out << std::string(text.text()).c_str();
+}
+
+KOVAStreamFormatter& operator<<(KOVAStreamFormatter& out, Gk_String const& text) {
+    return out << text.dataStr();
 }

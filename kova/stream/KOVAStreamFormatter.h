@@ -5,6 +5,8 @@
 #include <kova/core/KOVAReferenceHandle.h>
 #include <kova/core/export.h>
 
+class Gk_ROString;
+class Gk_String;
 class KOVAOutputStream;
 class KOVAString;
 class KOVAValue;
@@ -21,8 +23,9 @@ class KOVAValue;
 /// A class prints itself through `KOVAStreamFormatter& operator<<(KOVAStreamFormatter&, T const&)`. The
 /// margin is printed only where it is streamed; a newline does not print it.
 ///
-/// The output stream stays the caller's; without one nothing is written. While the default formats are in
-/// force, numbers are written with a point in every locale. One thread at a time, over all formatters.
+/// The output stream stays the caller's and must outlive the formatter; without one nothing is written. While the
+/// default formats are in force, numbers are written with a point in every locale. One thread at a time, over all
+/// formatters.
 class KOVA_API KOVAStreamFormatter {
 public:
     /// A text that is streamed; base of everything that prints itself on a formatter.
@@ -118,6 +121,14 @@ public:
     virtual KOVAStreamFormatterObjectHandle refer(void const* key);
 #endif
 
+    // Here for literals, which suit both forms.
+    KOVAStreamFormatterObjectHandle define(int key) {
+        return define(static_cast<long>(key));
+    }
+    KOVAStreamFormatterObjectHandle refer(int key) {
+        return refer(static_cast<long>(key));
+    }
+
     /// A formatted text, cut to 511 characters, to be streamed at once. Callers depend on all results
     /// sharing one buffer: the next call, on any formatter, changes what an earlier result prints.
     virtual KOVAStreamFormatterObjectHandle format(char const* fmt, ...) KOVA_PRINTF(2, 3);
@@ -182,6 +193,7 @@ private:
     class LongKey;
     class PointerKey;
 
+    void leaveMargin();
     template <class T> KOVAStreamFormatter& put(T const& value) {
         dump(value);
         return *this;
@@ -205,6 +217,10 @@ public:
     KOVAStreamFormatterObjectHandle newline; ///< prints a line feed
     KOVAStreamFormatterObjectHandle empty;   ///< prints nothing
 };
+
+/// Their characters up to the terminator, or to the end where there is none.
+KOVA_API KOVAStreamFormatter& operator<<(KOVAStreamFormatter& out, Gk_ROString const& text);
+KOVA_API KOVAStreamFormatter& operator<<(KOVAStreamFormatter& out, Gk_String const& text);
 
 using KOVAStreamFormatterObjectHandle = KOVAStreamFormatter::KOVAStreamFormatterObjectHandle;
 using KOVAStreamFormatterMarginHandle = KOVAStreamFormatter::KOVAStreamFormatterMarginHandle;

@@ -67,9 +67,9 @@ KOVAEnvironment const* KOVAEnvironment::GetEnv() {
 }
 
 KOVIResult KOVAEnvironment::GetVariable(KOVAString const& name, KOVAString& value) {
-    char const* const narrow = name;
-    bool const ascii = kova::detail::isAscii(narrow ? narrow : "", narrow ? std::strlen(narrow) : 0);
-    char const* const found = ascii ? find(narrow ? narrow : "") : find(name);
+    bool const ascii =
+        kova::detail::isAscii(static_cast<unsigned short const*>(name), static_cast<std::size_t>(name.length()));
+    char const* const found = !ascii ? find(name) : find(name.length() > 0 ? static_cast<char const*>(name) : "");
     if (!found)
         return kFailure;
     value = KOVAString(found);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <type_traits>
+
 #include <kova/core/KOVIResult.h>
 #include <kova/core/export.h>
 #include <kova/options/KOVAProperties.h>
@@ -27,6 +29,9 @@ public:
     /// once more on its way: "%%" in it becomes "%". Failure for a text of 32768 characters or more, and
     /// when the system refuses. An empty value takes the variable away on Windows.
     static KOVIResult PutVariable(KOVAString const& name, KOVAString const& value);
+    /// A number would be taken for one character.
+    template <class Number, class = std::enable_if_t<std::is_arithmetic_v<Number>>>
+    static KOVIResult PutVariable(KOVAString const& name, Number value) = delete;
 
 private:
     KOVAEnvironment();

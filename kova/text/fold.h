@@ -54,11 +54,17 @@ inline bool sameFolded(unsigned short const* a, unsigned short const* b, int len
     return true;
 }
 
-/// The same for texts that differ only in case. (Units beyond ASCII all count alike.)
+/// A unit beyond ASCII counts as the ASCII letter that it folds into; all others count alike.
+inline unsigned short hashedBeyondAscii(unsigned short unit) noexcept {
+    unsigned short const lower = LowerCase()(unit);
+    return lower < 0x80 ? lower : 0x80;
+}
+
+/// The same for texts that differ only in case.
 inline std::uint32_t foldedHash(unsigned short const* units, int length) noexcept {
     std::uint32_t hash = 0;
     for (int i = 0; i < length; ++i)
-        hash = (hash ^ (units[i] < 0x80 ? asciiLower(units[i]) : 0x80U)) * 0x9E3779B1U;
+        hash = (hash ^ (units[i] < 0x80 ? asciiLower(units[i]) : hashedBeyondAscii(units[i]))) * 0x9E3779B1U;
     return hash ^ hash >> 15;
 }
 

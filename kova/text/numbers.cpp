@@ -1,5 +1,7 @@
 #include <kova/text/numbers.h>
 
+#include <algorithm>
+
 namespace {
 
 bool isDigit(char c) noexcept {
@@ -59,6 +61,15 @@ char const* readHexadecimal(char const* text, char const* end, double& value) no
     char const* const digits = text + 2;
     if (!isHexDigit(*digits) && *digits != '.') // a sign, "inf" or "nan"
         return text;
+    // An exponent without a digit behind its one sign is none.
+    char const* const exponent = std::find_if(digits, end, [](char c) { return c == 'p' || c == 'P'; });
+    if (exponent != end) {
+        char const* first = exponent + 1;
+        if (first != end && (*first == '+' || *first == '-'))
+            ++first;
+        if (first == end || !isDigit(*first))
+            end = exponent;
+    }
     char const* const stop = readFloat(digits, end, value, std::chars_format::hex);
     return stop == digits ? text : stop;
 }

@@ -124,6 +124,11 @@ TEST(Options, Print) {
     test::TextStream out;
     KOVAStreamFormatter formatter(&out);
     options.DumpOptions(formatter);
+    options.AddOption("/A", 5); // still a bool
+    options.DumpOptions(formatter);
+    EXPECT_EQ(out.text.substr(out.text.size() / 2), out.text.substr(0, out.text.size() / 2));
+    out.text.resize(out.text.size() / 2);
+    options.AddOption("/A", true);
     EXPECT_EQ(out.text, "Options currently present and there values are given below : \n"
                         "============================================================= \n"
                         "The Option /A value is\t\t=1\nThe Option /B value is\t\t=2.500000\n");

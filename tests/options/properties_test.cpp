@@ -34,6 +34,8 @@ TEST(Properties, AssignmentsSplitAtTheFirstEqualsSign) {
     EXPECT_EQ(all(properties), "x=2.500000;a = b;e=;X=upper;");
     EXPECT_EQ((Numbers{properties.GetCount(), copy.GetCount()}), (Numbers{4, 3}));
     copy = properties;
+    KOVAValue empty;
+    EXPECT_TRUE(copy.Get("e", empty).IsSuccess() && empty == "");
     KOVAValue value("untouched");
     EXPECT_EQ(copy.Get("none", value), 0x01000001);
     KOVAString name;

@@ -83,6 +83,11 @@ TEST_F(Formatter, FormatsAreKeptUntilReset) {
     EXPECT_EQ(printed(0.1234567), "0.123457");
     EXPECT_STREQ(out.setDoubleFormat("%.300lf", false, 0), "%.*lg"); // longer than any buffer
     EXPECT_EQ(printed(1e308), byPrintf("%.300lf", 1e308));
+    out.setDoubleFormat("%%%g*", false, 0); // this star is no precision
+    EXPECT_EQ(printed(2.5), "%2.5*");
+    out.setDoubleFormat("%*.*lf", true, 4);
+    EXPECT_EQ(printed(2.5), "2.5000");
+    EXPECT_EQ(printed(Gk_String("ab", 2)) + printed(Gk_ROString("cd")), "abcd");
     out.setIntFormat(nullptr);
     out.setDoubleFormat(nullptr, true, 1);
     out << 1 << 2.0;
@@ -110,7 +115,7 @@ TEST_F(Formatter, MarginAndObjects) {
         out = other;
         EXPECT_EQ(out.margin->GetFormatter(), &other);
     }
-    EXPECT_EQ((Numbers{kept->GetFormatter() == &out, out.margin->GetFormatter() == nullptr, sink.flushes}),
+    EXPECT_EQ((Numbers{kept->GetFormatter() == nullptr, out.margin->GetFormatter() == nullptr, sink.flushes}),
               (Numbers{1, 1, 1}));
 }
 
