@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include <kova/core/KOVIResult.h>
 
@@ -22,9 +23,20 @@ public:
     virtual ~ModelReader() = default;
 
     virtual KOVIResult read(TriangleSink& sink) = 0;
+    /// "binary STL"; as much of it as is known yet.
+    virtual std::string format() const = 0;
     /// What was read, once it is: "binary STL, 2 triangles". The number of vertices that the sink found is
     /// added where the format itself does not tell one.
     virtual std::string description(TriangleSink const& sink) const = 0;
+    /// What the file says of itself in front of the model; empty where it says nothing.
+    std::string const& headerText() const noexcept { return headerText_; }
+
+protected:
+    /// Keeps the beginning of the text, if it is the first that is none but blanks.
+    void setHeaderText(std::string_view text);
+
+private:
+    std::string headerText_;
 };
 
 } // namespace translator

@@ -9,9 +9,11 @@
 #include <kova/core/results.h>
 #include <kova/diagnostics/KOVATrace.h>
 #include <kova/diagnostics/report.h>
+#include <kova/options/KOVAOptions.h>
 #include <kova/platform/clock.h>
 #include <kova/platform/environment.h>
 #include <kova/stream/KOVAStreamFormatter.h>
+#include <kova/system/KOVAEnvironment.h>
 #include <kova/system/KOVAFilePath.h>
 #include <kova/text/numbers.h>
 
@@ -48,9 +50,49 @@ void writeField(KOVAStreamFormatter& out, char const* name, KOVAString const& va
         writeLine(out, out.format("%-20s : ", name), value);
 }
 
-/// The options of the run, one a line: name, value and origin in columns.
-void writeRunOptions(KOVAStreamFormatter& /*out*/) {
-    // The rows belong here, as soon as there is a KOVAOptions to enumerate: runOptions points to it.
+/// Name, value and origin. What the environment says wins, as it does when the option is read.
+struct OptionRow {
+    explicit OptionRow(KOVAOption const& option) {
+        KOVAValue current;
+        KOVAValue standard;
+        KOVAString defaultText;
+        option.GetName(name);
+        option.GetValue(current);
+        option.GetDefaultValue(standard);
+        KOVAString const variable = KOVAString("KOVA") + name;
+        if (KOVAEnvironment::GetVariable(variable, value).IsSuccess()) {
+            origin = KOVAString("environment variable ") + variable;
+            return;
+        }
+        current.GetValue(value);
+        origin = "set";
+        if (current != standard && standard.GetValue(defaultText).IsSuccess())
+            origin = KOVAString("set, default ") + defaultText;
+    }
+
+    KOVAString name;
+    KOVAString value;
+    KOVAString origin;
+};
+
+/// The options of the run, one a line, in columns that are as wide as their longest texts.
+void writeRunOptions(KOVAStreamFormatter& out) {
+    if (!runOptions)
+        return;
+    KOVAOptions options(*runOptions); // the caller's keeps its place in its enumeration
+    std::vector<OptionRow> rows;
+    for (KOVAOption* option = nullptr; options.GetNext(option).IsSuccess();)
+        rows.emplace_back(*option);
+    int nameWidth = 0;
+    int valueWidth = 0;
+    for (OptionRow const& row : rows) {
+        nameWidth = std::max(nameWidth, row.name.length());
+        valueWidth = std::max(valueWidth, row.value.length());
+    }
+    auto const blanks = [](int count) { return std::string(static_cast<std::size_t>(count) + 2, ' '); };
+    for (OptionRow const& row : rows)
+        writeLine(out, row.name, blanks(nameWidth - row.name.length()).c_str(), row.value,
+                  blanks(valueWidth - row.value.length()).c_str(), row.origin);
 }
 
 void writeEnvironment(KOVAStreamFormatter& out) {

@@ -91,7 +91,7 @@ protected:
     }
 
     test::Folder folder{"translations"};
-    test::Recorder events_;
+    test::MessageRecorder events_;
 };
 
 TEST_F(Translator, WeldsExactlyEqualCorners) {
