@@ -1,7 +1,9 @@
 #include <kova/diagnostics/KOVATaskEvents.h>
 
 #include <algorithm>
+#include <charconv>
 #include <ctime>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -50,24 +52,36 @@ void writeField(KOVAStreamFormatter& out, char const* name, KOVAString const& va
         writeLine(out, out.format("%-20s : ", name), value);
 }
 
+/// A real with all the digits that tell it from others: "%f" would make nothing of small ones.
+KOVAString shown(KOVAValue const& value) {
+    KOVAValue::KOVAValueType type = KOVAValue::Unknown;
+    value.GetValueType(type);
+    double number = 0.0;
+    if (type == KOVAValue::Double && value.GetValue(number).IsSuccess()) {
+        char digits[32];
+        *std::to_chars(digits, std::end(digits) - 1, number).ptr = '\0';
+        return KOVAString(digits);
+    }
+    KOVAString text;
+    value.GetValue(text);
+    return text;
+}
+
 /// Name, value and origin. What the environment says wins, as it does when the option is read.
 struct OptionRow {
     explicit OptionRow(KOVAOption const& option) {
         KOVAValue current;
         KOVAValue standard;
-        KOVAString defaultText;
         option.GetName(name);
         option.GetValue(current);
         option.GetDefaultValue(standard);
         KOVAString const variable = KOVAString("KOVA") + name;
         if (KOVAEnvironment::GetVariable(variable, value).IsSuccess()) {
             origin = KOVAString("environment variable ") + variable;
-            return;
+        } else {
+            value = shown(current);
+            origin = current == standard ? KOVAString("set") : KOVAString("set, default ") + shown(standard);
         }
-        current.GetValue(value);
-        origin = "set";
-        if (current != standard && standard.GetValue(defaultText).IsSuccess())
-            origin = KOVAString("set, default ") + defaultText;
     }
 
     KOVAString name;
