@@ -128,7 +128,9 @@ KOVIResult Conversion::readEntities() {
     fire<KOVAStartReadEntitiesTaskEvent>();
     fire<KOVAStartConversionStageEvent>("Translation", 1, 0.0, false);
     KOVIResult const result = guarded(input_, [this] { return reader_->read(*writer_); });
-    fire<KOVAEndTranslationTaskEvent>(result, false, clamped(writer_->dropped()));
+    // What is dropped because the user wants it so has not failed.
+    long long const failed = settings_.degenerate == Degenerate::Fail ? writer_->dropped() : 0;
+    fire<KOVAEndTranslationTaskEvent>(result, false, clamped(failed));
     fire<KOVAEndReadEntitiesTaskEvent>(result);
     return result;
 }
