@@ -30,13 +30,17 @@ public:
     virtual std::string description(TriangleSink const& sink) const = 0;
     /// What the file says of itself in front of the model; empty where it says nothing.
     std::string const& headerText() const noexcept { return headerText_; }
+    /// The unit of length, as the file calls it there: "mm" of "Units = mm"; empty where it does not.
+    std::string const& units() const noexcept { return units_; }
 
 protected:
-    /// Keeps the beginning of the text, if it is the first that is none but blanks.
-    void setHeaderText(std::string_view text);
+    /// For each text in front of the model: keeps the beginning of the first that is more than blanks, and what the
+    /// first that says so calls the unit.
+    void takeHeaderText(std::string_view text);
 
 private:
     std::string headerText_;
+    std::string units_;
 };
 
 } // namespace translator

@@ -145,7 +145,7 @@ KOVIResult ObjReader::readStatement(std::string_view statement, TriangleSink& si
     if (!isText(keyword) || rest.find('\0') != std::string_view::npos)
         return fail(kInvalidFile, file_, atLine(lines_.number()), "not an OBJ file: it is not all text");
     if (keyword.empty() && vertices_.empty())
-        setHeaderText(statement.substr(std::min(statement.find_first_not_of('#'), statement.size())));
+        takeHeaderText(statement.substr(std::min(statement.find_first_not_of('#'), statement.size())));
     if (keyword == "o" || keyword == "g")
         readName(rest, sink);
     return kSuccess;

@@ -70,7 +70,7 @@ KOVIResult StlReader::readBinary(TriangleSink& sink) {
     if (header.size() < kStlHeaderSize)
         return fail(kInvalidFile, file_, atByte(static_cast<long long>(header.size())),
                     "neither ASCII nor binary STL: it ends within the header");
-    setHeaderText(header.substr(0, std::min<std::size_t>(header.find('\0'), kStlCountAt)));
+    takeHeaderText(header.substr(0, std::min<std::size_t>(header.find('\0'), kStlCountAt)));
     long long const count = unsignedAt(header.data() + kStlCountAt);
     long long const wanted = kStlHeaderSize + kStlFacetSize * count;
     if (size_ < wanted)
@@ -167,7 +167,7 @@ KOVIResult StlReader::readAscii(TriangleSink& sink) {
             return unexpected("\"solid\"");
         KOVIResult result = readName(name);
         sink.part(name);
-        setHeaderText(name);
+        takeHeaderText(name);
         while (result.IsSuccess() && words_.accept("facet"))
             result = readFacet(sink);
         if (result.IsSuccess() && !words_.accept("endsolid"))

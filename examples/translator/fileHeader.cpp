@@ -40,6 +40,7 @@ KOVAFileHeader fileHeader(char const* name, long long size, ModelReader const& r
     set(KOVAFileHeader::DOCUMENT_TYPE, reader.format());
     set("Size", size < 0 ? "" : std::to_string(size) + " bytes");
     set(KOVAFileHeader::MODIFICATION_DATE, modificationDate(name));
+    set(KOVAFileHeader::UNITS, reader.units());
     set(KOVAFileHeader::COMMENT, reader.headerText());
     return header;
 }

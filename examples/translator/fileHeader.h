@@ -6,8 +6,8 @@
 
 namespace translator {
 
-/// What is known of a model's file once it was read: name, format, bytes, date and, where it has one, the text in
-/// front of the model. A negative size is not known.
+/// What is known of a model's file once it was read: name, format, bytes, date and, where the text in front
+/// of the model says so, its unit; and that text. A negative size is not known.
 KOVAFileHeader fileHeader(char const* name, long long size, ModelReader const& reader);
 
 } // namespace translator
