@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include <kova/core/KOVIResult.h>
 
@@ -22,9 +23,24 @@ public:
     virtual ~ModelReader() = default;
 
     virtual KOVIResult read(TriangleSink& sink) = 0;
+    /// "binary STL"; as much of it as is known yet.
+    virtual std::string format() const = 0;
     /// What was read, once it is: "binary STL, 2 triangles". The number of vertices that the sink found is
     /// added where the format itself does not tell one.
     virtual std::string description(TriangleSink const& sink) const = 0;
+    /// What the file says of itself in front of the model; empty where it says nothing.
+    std::string const& headerText() const noexcept { return headerText_; }
+    /// The unit of length, as the file calls it there: "mm" of "Units = mm"; empty where it does not.
+    std::string const& units() const noexcept { return units_; }
+
+protected:
+    /// For each text in front of the model: keeps the beginning of the first that is more than blanks, and what the
+    /// first that says so calls the unit.
+    void takeHeaderText(std::string_view text);
+
+private:
+    std::string headerText_;
+    std::string units_;
 };
 
 } // namespace translator

@@ -1,5 +1,6 @@
 #include "ObjReader.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -143,6 +144,8 @@ KOVIResult ObjReader::readStatement(std::string_view statement, TriangleSink& si
         return readFace(rest, sink);
     if (!isText(keyword) || rest.find('\0') != std::string_view::npos)
         return fail(kInvalidFile, file_, atLine(lines_.number()), "not an OBJ file: it is not all text");
+    if (keyword.empty() && vertices_.empty())
+        takeHeaderText(statement.substr(std::min(statement.find_first_not_of('#'), statement.size())));
     if (keyword == "o" || keyword == "g")
         readName(rest, sink);
     return kSuccess;

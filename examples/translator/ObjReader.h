@@ -20,6 +20,7 @@ public:
         : in_(stream, kReadBlock), lines_(in_), size_(size), file_(file) {}
 
     KOVIResult read(TriangleSink& sink) override;
+    std::string format() const override { return "OBJ"; }
     std::string description(TriangleSink const& sink) const override;
 
 private:

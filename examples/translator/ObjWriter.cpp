@@ -26,7 +26,7 @@ void ObjWriter::dropEmptyPart() {
         parts_.pop_back();
 }
 
-void ObjWriter::part(std::string_view name) {
+void ObjWriter::beginPart(std::string_view name) {
     dropEmptyPart();
     parts_.push_back({std::string(name), faces_.size()});
 }

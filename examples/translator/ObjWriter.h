@@ -20,13 +20,13 @@ public:
     ObjWriter(KOVAOutputStream& stream, Settings const& settings);
 
     void reserve(std::size_t triangles) override;
-    void part(std::string_view name) override;
     void finish() override;
     std::string description() const override;
     std::optional<std::size_t> vertices() const override;
     long long bytes() const noexcept override { return out_.offset(); }
 
 protected:
+    void beginPart(std::string_view name) override;
     void add(Vertex const& a, Vertex const& b, Vertex const& c) override;
 
 private:

@@ -269,6 +269,15 @@ Settings OptionTable::settings() const {
     return settings;
 }
 
+KOVAOptions OptionTable::given() const {
+    KOVAOptions options;
+    for (Row const& row : rows_) {
+        if (row.origin != kDefault)
+            options.AddOption(row.option);
+    }
+    return options;
+}
+
 void OptionTable::list() const {
     std::vector<std::vector<std::string>> lines;
     for (Row const& row : rows_) {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include <kova/core/KOVIResult.h>
-#include <kova/options/KOVAOption.h>
+#include <kova/options/KOVAOptions.h>
 
 #include "Settings.h"
 #include "report.h"
@@ -24,6 +24,8 @@ public:
     KOVIResult readEnvironment();
 
     Settings settings() const;
+    /// Those that a file, the command line or the environment gave a value.
+    KOVAOptions given() const;
 
     /// Names, types, defaults and meanings as messages, a line each.
     void list() const;
@@ -31,12 +33,14 @@ public:
     void show() const;
 
 private:
+    static constexpr char kDefault[] = "default";
+
     struct Row {
         KOVAOption option;
         bool (*isInRange)(KOVAValue const& value);
         char const* wanted; ///< what values there are
         char const* meaning;
-        std::string origin = "default";
+        std::string origin = kDefault;
     };
 
     static KOVIResult assign(std::vector<Row>& rows, std::string const& name, std::string const& text,

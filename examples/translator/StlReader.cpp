@@ -46,7 +46,7 @@ KOVIResult StlReader::read(TriangleSink& sink) {
 }
 
 std::string StlReader::description(TriangleSink const& sink) const {
-    std::string text = std::string(encoding_) + " STL, " + std::to_string(sink.triangles()) + " triangles";
+    std::string text = format() + ", " + std::to_string(sink.triangles()) + " triangles";
     if (sink.vertices())
         text += ", " + std::to_string(*sink.vertices()) + " vertices";
     return text;
@@ -70,6 +70,7 @@ KOVIResult StlReader::readBinary(TriangleSink& sink) {
     if (header.size() < kStlHeaderSize)
         return fail(kInvalidFile, file_, atByte(static_cast<long long>(header.size())),
                     "neither ASCII nor binary STL: it ends within the header");
+    takeHeaderText(header.substr(0, std::min<std::size_t>(header.find('\0'), kStlCountAt)));
     long long const count = unsignedAt(header.data() + kStlCountAt);
     long long const wanted = kStlHeaderSize + kStlFacetSize * count;
     if (size_ < wanted)
@@ -166,6 +167,7 @@ KOVIResult StlReader::readAscii(TriangleSink& sink) {
             return unexpected("\"solid\"");
         KOVIResult result = readName(name);
         sink.part(name);
+        takeHeaderText(name);
         while (result.IsSuccess() && words_.accept("facet"))
             result = readFacet(sink);
         if (result.IsSuccess() && !words_.accept("endsolid"))

@@ -18,6 +18,7 @@ public:
         : in_(stream, kReadBlock), words_(in_), size_(size), file_(file) {}
 
     KOVIResult read(TriangleSink& sink) override;
+    std::string format() const override { return *encoding_ ? std::string(encoding_) + " STL" : "STL"; }
     std::string description(TriangleSink const& sink) const override;
 
 private:

@@ -79,7 +79,7 @@ void AsciiStlWriter::writeLine(std::string_view word) {
     out_.write('\n');
 }
 
-void AsciiStlWriter::part(std::string_view name) {
+void AsciiStlWriter::beginPart(std::string_view name) {
     if (isOpen_)
         writeLine("endsolid");
     isOpen_ = false;
@@ -105,7 +105,7 @@ void AsciiStlWriter::finish() {
         writeLine("solid");
         isOpen_ = true;
     }
-    part({});
+    beginPart({});
     out_.flush();
 }
 

@@ -16,12 +16,12 @@ class BinaryStlWriter : public TriangleSink {
 public:
     BinaryStlWriter(OutputFile& file, Settings const& settings);
 
-    void part(std::string_view /*name*/) override {}
     void finish() override;
     std::string description() const override;
     long long bytes() const noexcept override { return out_.offset(); }
 
 protected:
+    void beginPart(std::string_view /*name*/) override {}
     /// Throws std::length_error where the format cannot count any further.
     void add(Vertex const& a, Vertex const& b, Vertex const& c) override;
 
@@ -36,12 +36,12 @@ public:
     AsciiStlWriter(KOVAOutputStream& stream, Settings const& settings)
         : TriangleSink(settings.degenerate), out_(stream), digits_(settings.digits) {}
 
-    void part(std::string_view name) override;
     void finish() override;
     std::string description() const override;
     long long bytes() const noexcept override { return out_.offset(); }
 
 protected:
+    void beginPart(std::string_view name) override;
     void add(Vertex const& a, Vertex const& b, Vertex const& c) override;
 
 private:

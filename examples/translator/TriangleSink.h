@@ -36,7 +36,11 @@ public:
     /// A hint: so many triangles may come, hardly more.
     virtual void reserve(std::size_t /*triangles*/) {}
     /// The triangles that follow belong to a new part; an empty name is none.
-    virtual void part(std::string_view name) = 0;
+    void part(std::string_view name) {
+        parts_ = parts();
+        partBegin_ = triangles_;
+        beginPart(name);
+    }
     /// The corners must be finite. Throws TriangleWithoutArea where it has none, if it is to fail then.
     void triangle(Vertex const& a, Vertex const& b, Vertex const& c) {
         ++triangles_;
@@ -60,10 +64,13 @@ public:
     /// Those without area that were not written.
     long long dropped() const noexcept { return dropped_; }
     long long written() const noexcept { return triangles_ - dropped_; }
+    /// Those that triangles came for, the one without a name included.
+    long long parts() const noexcept { return parts_ + (triangles_ > partBegin_ ? 1 : 0); }
     /// All zeros without triangles.
     Box boundingBox() const noexcept { return triangles_ == 0 ? Box{{}, {}} : box_; }
 
 protected:
+    virtual void beginPart(std::string_view name) = 0;
     virtual void add(Vertex const& a, Vertex const& b, Vertex const& c) = 0;
     bool keepsAll() const noexcept { return degenerate_ == Degenerate::Keep; }
     /// Whether the triangle, as it would be written, is to be left out; it is then counted.
@@ -82,6 +89,8 @@ private:
     Degenerate degenerate_;
     long long triangles_ = 0;
     long long dropped_ = 0;
+    long long parts_ = 0;     ///< before the one that began last
+    long long partBegin_ = 0; ///< how many triangles had come when it began
     Box box_;
 };
 

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstring>
 #include <string>
+#include <system_error>
 
 #include <kova/system/KOVAFilePath.h>
 
@@ -22,6 +23,14 @@ std::filesystem::path systemPath(char const* name) {
         unsigned short const* const units = text;
         return std::basic_string<Unit>(units, units + text.length());
     }
+}
+
+bool isSameFile(char const* a, char const* b) {
+    std::error_code error;
+    if (std::filesystem::equivalent(systemPath(a), systemPath(b), error))
+        return true;
+    std::filesystem::path const first = std::filesystem::weakly_canonical(systemPath(a), error);
+    return !error && first == std::filesystem::weakly_canonical(systemPath(b), error) && !error;
 }
 
 File openToRead(char const* name, KOVIResult& result) {

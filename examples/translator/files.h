@@ -16,6 +16,9 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 /// The name as the standard library's file operations take it: in the system's own encoding.
 std::filesystem::path systemPath(char const* name);
 
+/// Whether two names lead to one file, or would if it were there.
+bool isSameFile(char const* a, char const* b);
+
 /// Null where the file cannot be opened; that is reported, and the result is File Not Found or File Open Error.
 File openToRead(char const* name, KOVIResult& result);
 

@@ -1,7 +1,9 @@
 #include <kova/diagnostics/KOVATaskEvents.h>
 
 #include <algorithm>
+#include <charconv>
 #include <ctime>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,9 +11,11 @@
 #include <kova/core/results.h>
 #include <kova/diagnostics/KOVATrace.h>
 #include <kova/diagnostics/report.h>
+#include <kova/options/KOVAOptions.h>
 #include <kova/platform/clock.h>
 #include <kova/platform/environment.h>
 #include <kova/stream/KOVAStreamFormatter.h>
+#include <kova/system/KOVAEnvironment.h>
 #include <kova/system/KOVAFilePath.h>
 #include <kova/text/numbers.h>
 
@@ -48,9 +52,61 @@ void writeField(KOVAStreamFormatter& out, char const* name, KOVAString const& va
         writeLine(out, out.format("%-20s : ", name), value);
 }
 
-/// The options of the run, one a line: name, value and origin in columns.
-void writeRunOptions(KOVAStreamFormatter& /*out*/) {
-    // The rows belong here, as soon as there is a KOVAOptions to enumerate: runOptions points to it.
+/// A real with all the digits that tell it from others: "%f" would make nothing of small ones.
+KOVAString shown(KOVAValue const& value) {
+    KOVAValue::KOVAValueType type = KOVAValue::Unknown;
+    value.GetValueType(type);
+    double number = 0.0;
+    if (type == KOVAValue::Double && value.GetValue(number).IsSuccess()) {
+        char digits[32];
+        *std::to_chars(digits, std::end(digits) - 1, number).ptr = '\0';
+        return KOVAString(digits);
+    }
+    KOVAString text;
+    value.GetValue(text);
+    return text;
+}
+
+/// Name, value and origin. What the environment says wins, as it does when the option is read.
+struct OptionRow {
+    explicit OptionRow(KOVAOption const& option) {
+        KOVAValue current;
+        KOVAValue standard;
+        option.GetName(name);
+        option.GetValue(current);
+        option.GetDefaultValue(standard);
+        KOVAString const variable = KOVAString("KOVA") + name;
+        if (KOVAEnvironment::GetVariable(variable, value).IsSuccess()) {
+            origin = KOVAString("environment variable ") + variable;
+        } else {
+            value = shown(current);
+            origin = current == standard ? KOVAString("set") : KOVAString("set, default ") + shown(standard);
+        }
+    }
+
+    KOVAString name;
+    KOVAString value;
+    KOVAString origin;
+};
+
+/// The options of the run, one a line, in columns that are as wide as their longest texts.
+void writeRunOptions(KOVAStreamFormatter& out) {
+    if (!runOptions)
+        return;
+    KOVAOptions options(*runOptions); // the caller's keeps its place in its enumeration
+    std::vector<OptionRow> rows;
+    for (KOVAOption* option = nullptr; options.GetNext(option).IsSuccess();)
+        rows.emplace_back(*option);
+    int nameWidth = 0;
+    int valueWidth = 0;
+    for (OptionRow const& row : rows) {
+        nameWidth = std::max(nameWidth, row.name.length());
+        valueWidth = std::max(valueWidth, row.value.length());
+    }
+    auto const blanks = [](int count) { return std::string(static_cast<std::size_t>(count) + 2, ' '); };
+    for (OptionRow const& row : rows)
+        writeLine(out, row.name, blanks(nameWidth - row.name.length()).c_str(), row.value,
+                  blanks(valueWidth - row.value.length()).c_str(), row.origin);
 }
 
 void writeEnvironment(KOVAStreamFormatter& out) {

@@ -38,7 +38,8 @@ public:
     char const* GetTaskDescription() const noexcept { return taskDescription_; }
 
     /// The options that the reports show, of the whole process; null, which it is at first, for none. They are
-    /// not owned, and must live until they are replaced.
+    /// not owned, and must live until they are replaced. A report has a line for each: name, value, and where that
+    /// comes from, "set" with the default if that is another, or the environment variable that wins.
     static void SetRunOptions(KOVAOptions* options) noexcept;
     static KOVAOptions* GetRunOptions() noexcept;
 

@@ -104,6 +104,35 @@ TEST(TaskEvents, NamesAndReports) {
     EXPECT_EQ(test::describe(progress), "Progress : 12.3 %\n");
 }
 
+TEST(TaskEvents, OptionsOfTheRun) {
+    test::Variable const variable("KOVA/XMesh/Export/Digits", "3");
+    test::Recorder events;
+    KOVAOptions options;
+    KOVAOption keep(KOVAOptionName::XMesh_Import_Degenerate, "keep");
+    keep.SetValue("drop");
+    options.AddOption(keep);
+    options.AddOption("/STL/Export/Ascii", true);
+    options.AddOption("/XMesh/Export/Digits", 7);
+    options.AddOption("/XMesh/Import/WeldTol", 1e-9);
+    std::string const rows = "/XMesh/Import/Degenerate  drop   set, default keep\n"
+                             "/STL/Export/Ascii         True   set\n"
+                             "/XMesh/Export/Digits      3      environment variable KOVA/XMesh/Export/Digits\n"
+                             "/XMesh/Import/WeldTol     1e-09  set\n";
+    KOVAOption* option = nullptr;
+    options.GetNext(option);
+    KOVATaskEvent::SetRunOptions(&options);
+    std::string const product = report(KOVAStartProductEvent("", ""));
+    std::string const set = report(KOVAStartOptionsTaskEvent());
+    KOVATaskEvent::SetRunOptions(nullptr);
+    EXPECT_EQ(product, "0 Product / Start Product 50: " + rows);
+    EXPECT_EQ(set.substr(set.find("\n") + 1), rows);
+    EXPECT_EQ(events.events, Texts());                // nothing is said about the variable
+    EXPECT_TRUE(options.GetNext(option).IsSuccess()); // the enumeration goes on where it was
+    KOVAString name;
+    option->GetName(name);
+    EXPECT_EQ(test::text(name), "/STL/Export/Ascii");
+}
+
 class Nameless : public KOVAEndTaskEvent {
 public:
     Nameless() : KOVAEndTaskEvent(0, nullptr, "", KOVA_LEVEL_INFO) {}

@@ -58,6 +58,14 @@ public:
     std::vector<std::string> events;
 };
 
+/// The same without the events of tasks.
+class MessageRecorder : public Recorder {
+public:
+    void HandleEvent(KOVAEvent& event) override {
+        if (!event.IsTimed()) Recorder::HandleEvent(event);
+    }
+};
+
 /// An environment variable while it lives.
 class Variable {
 public:

@@ -37,7 +37,7 @@ protected:
     }
 
     test::Folder folder_{"options"};
-    test::Recorder events_;
+    test::MessageRecorder events_;
 };
 
 TEST_F(TranslatorOptions, LaterSourcesWin) {

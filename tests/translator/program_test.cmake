@@ -3,6 +3,7 @@
 file(REMOVE_RECURSE ${folder})
 file(MAKE_DIRECTORY ${folder})
 file(COPY ${model} DESTINATION ${folder})
+file(WRITE ${folder}/flat.obj "# Flat by intent\nv 0 0 0\nv 1 0 0\nf 1 2 2\n")
 
 function(expect_run status out err)
   execute_process(COMMAND ${program} ${ARGN} WORKING_DIRECTORY ${folder}
@@ -14,7 +15,9 @@ function(expect_run status out err)
   endif()
 endfunction()
 
-expect_run(0 "^flanged-bearing.stl: binary STL, 4512 triangles, 2246 vertices\n.*bearing.obj: OBJ, 4512 faces" "^$"
+expect_run(0 "^flanged-bearing.stl: binary STL, 4512 triangles, 2246 vertices
+flanged-bearing.stl: bounding box \\(-60, -40, 0\\) to \\(60, 40, 46\\)
+bearing.obj: OBJ, 4512 faces, 2246 vertices, 124210 bytes\n$" "^$"
   flanged-bearing.stl bearing.obj)
 file(STRINGS ${folder}/bearing.obj faces REGEX "^f ")
 list(LENGTH faces count)
@@ -32,6 +35,38 @@ expect_run(11 "^$" "^Error : two file names are wanted\nusage: " flanged-bearing
 expect_run(11 "^$" "^Error : --x%s: no such option\nusage: " flanged-bearing.stl --x%s out.obj)
 expect_run(0 "^usage: kova-translate INPUT OUTPUT .*--show-options .*KOVA/XMesh/.*the failure.\n$" "^$" --help)
 expect_run(0 "^kova-translate [0-9]+\\.[0-9]+\\.[0-9]+\n$" "^$" --version)
+
+# Reports: console and log at the same level say the same, machines hear of a failure.
+function(expect_golden name text)
+  string(REPLACE "\r" "" text "${text}")
+  string(REGEX REPLACE "[0-9]+-[0-9]+-[0-9]+[ T][0-9:.]+" "#" text "${text}")
+  string(REGEX REPLACE "(Time = |\"duration\":|kova-translate ) *[0-9]+[.][0-9.]*[0-9]" "\\1#" text "${text}")
+  file(READ ${golden}/${name} wanted)
+  if(NOT text STREQUAL wanted)
+    message(FATAL_ERROR "${name} should be\n${wanted}\nand is\n${text}")
+  endif()
+endfunction()
+file(WRITE ${folder}/report.options "/XMesh/Export/Digits=3\n/XMesh/Import/Degenerate=drop\n")
+execute_process(COMMAND ${program} flanged-bearing.stl report.obj --options report.options --level Info
+  --set /XMesh/Import/WeldTol=0.001 --timing --log report.log WORKING_DIRECTORY ${folder} OUTPUT_VARIABLE console)
+expect_golden(report.txt "${console}")
+file(READ ${folder}/report.log log)
+expect_golden(report.txt "${log}")
+expect_run(21 "^$" "^Error : flat.obj: triangle 1 has no area\n$"
+  flat.obj flat.stl --set /XMesh/Import/Degenerate=fail --log-json failure.json)
+file(READ ${folder}/failure.json log)
+expect_golden(failure.json "${log}")
+expect_run(21 "^$" "^$" flat.obj flat.stl --set /XMesh/Import/Degenerate=fail --level None)
+expect_run(11 "^$" "^Error : --level: ALL, .* or NONE should follow, not 'WARN%s'\n$" --level WARN%s)
+expect_run(14 "^$" "^Error : none/x.log: cannot be created: " flat.obj x.stl --log none/x.log)
+foreach(log flat.obj ./flat.obj x.stl report.options)
+  expect_run(11 "^$" "^Error : ${log}: cannot be a log: " flat.obj x.stl --log-json ${log} --options report.options)
+endforeach()
+expect_run(11 "^$" "^Error : x.log: cannot be a log: " flat.obj x.stl --log-json x.log --log x.log)
+file(READ ${folder}/flat.obj flat)
+if(NOT flat MATCHES "^# Flat by intent\n")
+  message(FATAL_ERROR "flat.obj was overwritten: ${flat}")
+endif()
 
 # Options.
 file(WRITE ${folder}/mesh.options "# of this shop\n/xmesh/export/digits = 4\n/XMesh/Import/Degenerate: drop\n/XGeneric/SewBody=On\n")

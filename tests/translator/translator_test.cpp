@@ -91,7 +91,7 @@ protected:
     }
 
     test::Folder folder{"translations"};
-    test::Recorder events_;
+    test::MessageRecorder events_;
 };
 
 TEST_F(Translator, WeldsExactlyEqualCorners) {
@@ -106,6 +106,41 @@ TEST_F(Translator, WeldsExactlyEqualCorners) {
     // A vertex keeps the bits of its first corner.
     EXPECT_EQ(run(binary("", {{-0.0F, 0, 1, 0, -0.0F, 1, 0, 0, 1}})), 0U);
     EXPECT_EQ(output(), "v -0 0 1\nf 1 1 1\n");
+}
+
+TEST_F(Translator, TellsWhatTheFileSaysOfItself) {
+    struct {
+        std::string name, contents, format, comment, groups, units;
+    } const rows[] = {
+        {"a.stl", binary("made by %n\t\x01 hand  ", kSquare), "binary STL", "made by %n\t? hand", "1", ""},
+        {"b.stl", binary(std::string("\0x", 2), kSquare), "binary STL", "", "1", ""},
+        {"c.stl", binary(std::string(76, 'h') + "unit", kSquare), "binary STL", std::string(76, 'h') + "unit", "1", ""},
+        {"d.stl", "solid\nendsolid\nsolid (UNITS=mm)\n" + facet("0 0 0", "1 0 0", "0 1 0") + "endsolid", "ASCII STL",
+         "(UNITS=mm)", "1", "mm"},
+        {"e.obj", "\n#\n## one\n# subunit: km, units in m; unit : Inch\nv 0 0 0\no\nf 1 1 1\ng x\ng y\nf 1 1 1\n",
+         "OBJ", "one", "2", "Inch"},
+        {"f.obj", "v 0 0 0\n# late units: mm\nf 1 1 1\n", "OBJ", "", "1", ""},
+        {"g.obj", "#" + std::string(201, 'x') + "\n# units:\nv 0 0 0\nf 1 1 1", "OBJ", std::string(200, 'x'), "1", ""},
+    };
+    for (auto const& row : rows) {
+        folder.write(row.name, row.contents);
+        test::Recorder tasks;
+        EXPECT_EQ(translate(row.name, "out.obj"), 0U);
+        auto const line = [](std::string name, std::string const& text) {
+            name.resize(24, ' ');
+            return text.empty() ? "" : name + " : " + text + "\n";
+        };
+        std::string all;
+        for (std::string const& event : tasks.events) all += event;
+        std::size_t const date = all.find("Modification Date");
+        ASSERT_NE(date, std::string::npos);
+        all.erase(date, all.find('\n', date) + 1 - date);
+        EXPECT_THAT(all, testing::HasSubstr(line("File Name", "translations/" + row.name) +
+                                            line("Document Type", row.format) +
+                                            line("Size", std::to_string(row.contents.size()) + " bytes") +
+                                            line("Units", row.units) + line("Comment", row.comment) + "-----"));
+        EXPECT_THAT(all, testing::HasSubstr("No. of Groups                             :    " + row.groups + "\n"));
+    }
 }
 
 TEST_F(Translator, ReadsAscii) {

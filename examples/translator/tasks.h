@@ -1,0 +1,15 @@
+#pragma once
+
+#include <utility>
+
+#include <kova/diagnostics/KOVAEventBus.h>
+#include <kova/diagnostics/KOVATaskEvents.h>
+
+namespace translator {
+
+template <class Event, class... Arguments> void fire(Arguments&&... arguments) {
+    Event event(std::forward<Arguments>(arguments)...);
+    KOVAEventBus::Fire(event);
+}
+
+} // namespace translator
