@@ -16,15 +16,22 @@ static_assert(sizeof(void*) != 4 || sizeof(Iterator) == 52);
 // --- iterator
 
 Iterator::KOVATreeNodeIterator(KOVATreeNodeIterator const& other) : current_(other.current_), visited_(other.visited_) {
-    for (auto i = other.stack_.Begin(); i != other.stack_.End(); ++i)
-        stack_.PushBack(new Frame(*static_cast<Frame const*>(*i)));
+    copyStack(other);
 }
 
-Iterator& Iterator::operator=(KOVATreeNodeIterator other) {
-    std::swap(current_, other.current_);
-    std::swap(visited_, other.visited_);
-    std::swap(stack_, other.stack_);
+Iterator& Iterator::operator=(KOVATreeNodeIterator const& other) {
+    if (this != &other) {
+        current_ = other.current_;
+        visited_ = other.visited_;
+        clearStack();
+        copyStack(other);
+    }
     return *this;
+}
+
+void Iterator::copyStack(KOVATreeNodeIterator const& other) {
+    for (auto i = other.stack_.Begin(); i != other.stack_.End(); ++i)
+        stack_.PushBack(new Frame(*static_cast<Frame const*>(*i)));
 }
 
 void Iterator::SetNode(KOVATreeNode* start) {

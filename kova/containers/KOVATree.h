@@ -29,7 +29,7 @@ public:
     public:
         explicit KOVATreeNodeIterator(KOVATreeNode* start = nullptr) : current_(start) {}
         KOVATreeNodeIterator(KOVATreeNodeIterator const& other);
-        KOVATreeNodeIterator& operator=(KOVATreeNodeIterator other);
+        KOVATreeNodeIterator& operator=(KOVATreeNodeIterator const& other);
         ~KOVATreeNodeIterator() { clearStack(); }
 
         /// Starts anew from the node.
@@ -54,6 +54,7 @@ public:
         void push(Frame const& frame) { stack_.PushFront(new Frame(frame)); }
         Frame pop();
         void clearStack();
+        void copyStack(KOVATreeNodeIterator const& other);
 
         KOVATreeNode* current_;
         kova::detail::HashSet<KOVATreeNode*> visited_;
