@@ -11,6 +11,7 @@
 #include <kova/stream/KOVAStreamFormatter.h>
 #include <kova/system/KOVAFilePath.h>
 #include <kova/text/Gk_StringParser.h>
+#include <kova/text/words.h>
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVAOptions) == 12);
 
@@ -234,14 +235,10 @@ KOVIResult KOVAOptions::AddOptionParseValue(char const* name, char const* text) 
     if (parser.isReal(0))
         return add(name, parser.realValue());
     KOVAString const word(text);
-    for (KOVAString const* const yes : {&KOVAString::KOVA_YES, &KOVAString::KOVA_TRUE, &KOVAString::KOVA_ON}) {
-        if (word.equalsIgnoreCase(*yes))
-            return add(name, true);
-    }
-    for (KOVAString const* const no : {&KOVAString::KOVA_NO, &KOVAString::KOVA_FALSE, &KOVAString::KOVA_OFF}) {
-        if (word.equalsIgnoreCase(*no))
-            return add(name, false);
-    }
+    if (kova::detail::isYes(word))
+        return add(name, true);
+    if (kova::detail::isNo(word))
+        return add(name, false);
     return add(name, word);
 }
 

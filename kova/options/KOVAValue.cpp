@@ -6,6 +6,7 @@
 #include <kova/stream/KOVAStreamFormatter.h>
 #include <kova/system/KOVAFloatUtil.h>
 #include <kova/text/numbers.h>
+#include <kova/text/words.h>
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVAValue) == 32);
 
@@ -94,11 +95,8 @@ KOVIResult KOVAValue::SetValue(KOVAString const& value) {
 
 /// Whether the text is one of the words, and which side it stands for.
 bool KOVAValue::isWord(bool& value) const noexcept {
-    auto const is = [this](KOVAString const& word) {
-        return text_.length() == word.length() && text_.equalsIgnoreCase(word);
-    };
-    bool const yes = is(KOVAString::KOVA_YES) || is(KOVAString::KOVA_TRUE) || is(KOVAString::KOVA_ON);
-    bool const no = !yes && (is(KOVAString::KOVA_NO) || is(KOVAString::KOVA_FALSE) || is(KOVAString::KOVA_OFF));
+    bool const yes = kova::detail::isYes(text_);
+    bool const no = !yes && kova::detail::isNo(text_);
     if (yes || no)
         value = yes;
     return yes || no;

@@ -8,6 +8,7 @@
 #include <kova/diagnostics/report.h>
 #include <kova/platform/environment.h>
 #include <kova/text/conversion.h>
+#include <kova/text/words.h>
 
 using kova::detail::environmentBlock;
 using kova::detail::kFailure;
@@ -79,9 +80,7 @@ KOVIResult KOVAEnvironment::GetVariable(KOVAString const& name, KOVAString& valu
 KOVIResult KOVAEnvironment::GetVariable(KOVAString const& name, bool& value) {
     KOVAString text;
     KOVIResult const result = GetVariable(name, text);
-    value = result.IsSuccess() &&
-            (text.equalsIgnoreCase(KOVAString::KOVA_TRUE) || text.equalsIgnoreCase(KOVAString::KOVA_YES) ||
-             text.equalsIgnoreCase(KOVAString::KOVA_ON));
+    value = result.IsSuccess() && kova::detail::isYes(text);
     return result;
 }
 
