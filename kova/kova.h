@@ -74,6 +74,8 @@
 #include <kova/system/KOVAFileHeader.h>
 #include <kova/system/KOVAFilePath.h>
 #include <kova/system/KOVAFloatUtil.h>
+#include <kova/system/KOVALibrary.h>
+#include <kova/system/KOVALibraryManager.h>
 #include <kova/math/Gk_Def.h>
 #include <kova/math/Gk_Domain.h>
 #include <kova/math/Gk_Func.h>

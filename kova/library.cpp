@@ -12,6 +12,7 @@
 #include <kova/stream/KOVAFileInputStream.h>
 #include <kova/stream/KOVAFileOutputStream.h>
 #include <kova/system/KOVAFileHeader.h>
+#include <kova/system/KOVALibraryManager.h>
 #include <kova/text/KOVAString.h>
 #include <kova/units/Gk_Unit.h>
 
@@ -61,3 +62,19 @@ const Gk_Unit Gk_Unit::inch("inch", 25.4);
 const Gk_Unit Gk_Unit::foot("foot", 304.79999999999995);
 const Gk_Unit Gk_Unit::yard("yard", 914.3999999999999);
 const Gk_Unit Gk_Unit::mile("mile", 1609343.9999999998);
+
+// Libraries that are still known are freed here at unload, while the map is whole and all that their functions may
+// use still stands.
+KOVATrace KOVALibraryManager::log("libraries");
+kova::detail::StringMap<KOVALibraryHandle> KOVALibraryManager::_libraries;
+
+namespace {
+
+struct Unload {
+    Unload() noexcept = default;
+    Unload(Unload const&) = delete;
+    Unload& operator=(Unload const&) = delete;
+    ~Unload() { KOVALibraryManager::FreeLibraries(); }
+} const unload;
+
+} // namespace

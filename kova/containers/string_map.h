@@ -49,6 +49,15 @@ public:
         return position;
     }
 
+    /// Takes out the name at the position; those behind it move up.
+    void remove(int i) {
+        names_.removeAt(i);
+        values_.removeAt(i);
+        index_ = HashIndex<KOVAString>();
+        for (int k = 0; k < size(); ++k)
+            index_.insert(names_[k], k);
+    }
+
 private:
     KOVADynamicArray<KOVAString> names_;
     KOVADynamicArray<Value> values_;

@@ -2,12 +2,18 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
+#include <string>
 
 class KOVAString;
 
 /// The system's file calls. Names are taken with backslashes or slashes, narrow in the locale's
 /// encoding or wide; a null name is refused. Interrupted calls go on by themselves.
 namespace kova::detail {
+
+/// A narrow name as the standard library's paths have it, and back.
+std::filesystem::path systemPath(char const* name);
+std::string narrowName(std::filesystem::path const& path);
 
 enum class FileAccess { Read, Write };
 enum class FileTranslation { Text, Binary };

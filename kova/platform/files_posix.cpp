@@ -48,6 +48,14 @@ int openByName(std::string const& name, FileAccess access) {
 
 } // namespace
 
+std::filesystem::path systemPath(char const* name) {
+    return systemName(name);
+}
+
+std::string narrowName(std::filesystem::path const& path) {
+    return path.native();
+}
+
 int openFile(char const* name, FileAccess access, FileTranslation /*translation*/) {
     return name ? openByName(systemName(name), access) : -1;
 }

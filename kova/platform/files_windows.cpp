@@ -36,6 +36,16 @@ int permissions(FileAccess access) noexcept {
 
 } // namespace
 
+std::filesystem::path systemPath(char const* name) {
+    KOVAString const text(name);
+    return wide(text);
+}
+
+std::string narrowName(std::filesystem::path const& path) {
+    KOVAString const text(reinterpret_cast<unsigned short const*>(path.c_str()));
+    return static_cast<char const*>(text);
+}
+
 int openFile(char const* name, FileAccess access, FileTranslation translation) {
     return name ? _open(name, flags(access, translation), permissions(access)) : -1;
 }

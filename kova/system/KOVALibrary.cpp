@@ -1,0 +1,154 @@
+#include <kova/system/KOVALibrary.h>
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include <kova/core/results.h>
+#include <kova/diagnostics/KOVADebug.h>
+#include <kova/diagnostics/KOVAError.h>
+#include <kova/diagnostics/KOVATrace.h>
+#include <kova/diagnostics/KOVAWarning.h>
+#include <kova/platform/files.h>
+#include <kova/platform/modules.h>
+#include <kova/system/KOVAEnvironment.h>
+#include <kova/system/KOVALibraryManager.h>
+
+using kova::detail::kFailure;
+using kova::detail::kInvalidArgument;
+using kova::detail::kSuccess;
+
+static_assert(sizeof(void*) != 4 ||
+              sizeof(KOVALibrary) == sizeof(KOVAReferenceCount) + 4 + 64 + 4 + 2 * sizeof(KOVAString));
+static_assert(sizeof(KOVALibraryHandle) == sizeof(KOVAReferenceHandle));
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Sets a flag while it lives.
+class Hold {
+public:
+    explicit Hold(bool& flag) noexcept : flag_(flag) { flag_ = true; }
+    Hold(Hold const&) = delete;
+    Hold& operator=(Hold const&) = delete;
+    ~Hold() { flag_ = false; }
+
+private:
+    bool& flag_;
+};
+
+/// The module's file; its bare name where only the loader's own rules are left.
+fs::path moduleFile(char const* library) {
+    std::string const name = std::string(library) + 'n' + kova::detail::moduleExtension();
+    fs::path const file = kova::detail::systemPath(name.c_str());
+    std::error_code error;
+    if (file.has_parent_path()) {
+        fs::path const whole = fs::absolute(file, error);
+        return error ? file : whole;
+    }
+    for (fs::path const& folder : kova::detail::moduleFolders()) {
+        if (fs::is_regular_file(folder / file, error))
+            return folder / file;
+    }
+    return file;
+}
+
+} // namespace
+
+KOVALibrary::KOVALibrary(char const* name, char const* initialisationFunction, char const* finalisationFunction)
+    : KOVAReferenceCount(0), initialisationFunction_(initialisationFunction),
+      finalisationFunction_(finalisationFunction) {
+    std::size_t const length = name ? std::strlen(name) : 0;
+    std::memcpy(name_, name ? name : "", std::min(length, kNameSize - 1));
+    cut_ = length >= kNameSize;
+    if (cut_) {
+        KOVADebug::Printf("%s library name is too long and was truncated to %s.\n", name, name_);
+        KOVADebug::Printf("%s library will not be loaded.\n", name);
+    }
+}
+
+KOVALibrary::~KOVALibrary() {
+    try {
+        FinalizeAndUnload();
+    } catch (...) { // NOLINT(bugprone-empty-catch): what was thrown may need the module's code, which stays
+    }
+}
+
+unsigned int KOVALibrary::RaiseReference() {
+    unsigned int const count = KOVAReferenceCount::RaiseReference();
+    KOVALibraryManager::log.Printf(KOVA_TRACE_DEBUG, "%s Library refcount=%d", name_, static_cast<int>(count));
+    return count;
+}
+
+unsigned int KOVALibrary::LowerReference() {
+    unsigned int const count = KOVAReferenceCount::LowerReference();
+    KOVALibraryManager::log.Printf(KOVA_TRACE_DEBUG, "%s Library refcount=%d", name_, static_cast<int>(count));
+    return count;
+}
+
+void KOVALibrary::load() {
+    KOVALibraryManager::log.Printf(KOVA_TRACE_MESSAGE, "Loading %s library", name_);
+    std::string reason;
+    if (!cut_)
+        module_ = kova::detail::openModule(moduleFile(name_), reason);
+    if (module_)
+        return;
+    if (!reason.empty())
+        KOVALibraryManager::log.Printf(KOVA_TRACE_DEBUG, "%s library: %s", name_, reason.c_str());
+    KOVAWarning::Printf("%s library not loaded.", name_);
+}
+
+bool KOVALibrary::call(KOVAString const& functionName) {
+    void* function = nullptr;
+    if (GetFunction(functionName, function).IsFailure())
+        return false;
+    reinterpret_cast<void (*)()>(function)();
+    return true;
+}
+
+KOVIResult KOVALibrary::LoadAndInitialize() {
+    if (initialising_)
+        return kSuccess;
+    Hold const guard(initialising_);
+    if (!module_)
+        load();
+    if (module_ && !initialised_)
+        initialised_ = call(initialisationFunction_);
+    return kSuccess;
+}
+
+KOVIResult KOVALibrary::GetFunction(char const* functionName, void*& function) {
+    if (!functionName || !*functionName)
+        return kInvalidArgument;
+    if (!module_ || !initialised_)
+        LoadAndInitialize();
+    function = module_ ? kova::detail::findSymbol(module_, functionName) : nullptr;
+    if (function)
+        return kSuccess;
+    KOVAError::Printf("No %s function in %s library.\n", functionName, name_);
+    return kFailure;
+}
+
+KOVIResult KOVALibrary::FinalizeAndUnload() {
+    if (!module_ || initialising_)
+        return kSuccess;
+    Hold const guard(initialising_);
+    if (initialised_ && unloadable_ && call(finalisationFunction_))
+        initialised_ = false;
+    bool allowed = true;
+    if (KOVAEnvironment::GetVariable("KOVAFreeLibraries", allowed).IsFailure())
+        allowed = true;
+    if (!allowed)
+        KOVALibraryManager::log.Printf(KOVA_TRACE_MESSAGE, "Unloading %s library disabled", name_);
+    if (unloadable_ && allowed) {
+        KOVALibraryManager::log.Printf(KOVA_TRACE_MESSAGE, "Unloading %s library", name_);
+        void* const unloaded = module_;
+        module_ = nullptr;
+        initialised_ = false;
+        kova::detail::closeModule(unloaded);
+    }
+    return kSuccess;
+}

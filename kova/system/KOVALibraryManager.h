@@ -1,0 +1,52 @@
+#pragma once
+
+#include <kova/containers/KOVADynamicArray.h>
+#include <kova/containers/string_map.h>
+#include <kova/core/KOVIResult.h>
+#include <kova/core/export.h>
+#include <kova/system/KOVALibrary.h>
+#include <kova/text/KOVAString.h>
+
+class KOVATrace;
+
+/// The toolkit's libraries by name, each once.
+///
+///     KOVALibrary* stl = nullptr;
+///     void* function = nullptr;
+///     if (KOVALibraryManager::CreateLibrary("stl", "Initialise", "Finalise", stl).IsSuccess() &&
+///         stl->GetFunction("Read", function).IsSuccess())
+///         reinterpret_cast<Read*>(function)(...);
+///     KOVALibraryManager::FreeLibraries();
+///
+/// What goes on is traced under the component "libraries". Call FreeLibraries before main ends: what is still
+/// known is finalised when this library is unloaded, and at a program's end the modules' own static objects
+/// are gone by then. One thread at a time.
+class KOVA_API KOVALibraryManager {
+public:
+    KOVALibraryManager() = delete;
+
+    /// Keeps the library, made with new, under its name. An entry of that name is replaced, which destroys it
+    /// unless somebody else holds it. Invalid Argument for null.
+    static KOVIResult AddLibrary(KOVALibrary* library);
+
+    /// The library of that name; where none is known, a new one, which is kept. No module is loaded. A known
+    /// library keeps its functions; those given are then ignored. The pointer lives until FreeLibraries;
+    /// a KOVALibraryHandle keeps it longer. Invalid Argument and null for a null name.
+    static KOVIResult CreateLibrary(char const* name, char const* initialisationFunction,
+                                    char const* finalisationFunction, KOVALibrary*& library);
+
+    /// Destroys, and so finalises and unloads, the libraries that nobody else holds, in order of addition. One
+    /// whose initialisation or finalisation function is running stays. Always a success.
+    static KOVIResult FreeLibraries();
+
+    /// Names of libraries that begin with the prefix and whose modules stand beside the running program or
+    /// beside this library: sorted, each once, loaded or not. Invalid Argument for a null prefix, which leaves
+    /// `names` alone; what stands in it otherwise is replaced.
+    static KOVIResult FindLibraries(char const* prefix, KOVADynamicArray<KOVAString>& names);
+
+private:
+    friend class KOVALibrary;
+
+    static kova::detail::StringMap<KOVALibraryHandle> _libraries;
+    static KOVATrace log;
+};
