@@ -16,9 +16,10 @@ template <class T> T* variable(KOVALibrary* of, char const* name) {
     return static_cast<T*>(result);
 }
 
+bool const traced = KOVATrace("libraries").IsEnabled(); // as it was when the library was loaded
+
 /// Lines that begin with "~" are traces, which are there only when they are switched on.
 Texts expected(Texts const& lines) {
-    bool const traced = KOVATrace("libraries").IsEnabled();
     Texts result;
     for (std::string const& line : lines) {
         if (line[0] != '~' || traced) result.push_back(line.substr(line[0] == '~') + "\n");
@@ -130,7 +131,8 @@ TEST(Library, WhatIsNotFound) {
         test::MessageRecorder recorder;
         KOVALibrary counted(row.name.c_str(), row.initialisation, nullptr);
         void* function = &recorder;
-        EXPECT_EQ(counted.GetFunction(row.function, function), function ? 0 : 0x01000001);
+        KOVIResult const result = counted.GetFunction(row.function, function);
+        EXPECT_EQ(result, function ? 0 : 0x01000001);
         Texts messages;
         for (std::string const& event : recorder.events) {
             if (event.find("Loading") == event.npos && event.find("library: ") == event.npos) messages.push_back(event);
