@@ -99,6 +99,10 @@
 #include <kova/units/Gk_Unit.h>
 #include <kova/units/KOVAUnit.h>
 #include <kova/units/KOVAUnitValue.h>
+#include <kova/public/KOVIName.h>
+#include <kova/public/KOVINameImpl.h>
+#include <kova/public/KOVIObject.h>
+#include <kova/public/KOVIObjectImpl.h>
 #include <kova/model/Gk_Observer.h>
 #include <kova/model/KOVAAssemblyComponentTransform.h>
 #include <kova/model/KOVACallbackShared.h>

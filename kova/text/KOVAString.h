@@ -140,6 +140,8 @@ public:
 
 private:
     friend class KOVAOptionName;
+    friend class KOVINameImpl;
+    friend class KOVIObjectImpl;
     /// Shares a block that is never released, made when the program is compiled.
     struct StaticUnits {
         unsigned short* units;
