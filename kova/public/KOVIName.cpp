@@ -1,9 +1,10 @@
 #include <kova/public/KOVIName.h>
 
+#include <cstdint>
+
 #include <kova/core/results.h>
 #include <kova/public/KOVINameImpl.h>
 #include <kova/public/body.h>
-#include <kova/text/static_block.h>
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVIName) == 12);
 static_assert(sizeof(void*) != 4 || sizeof(KOVINameImpl) == 32);
@@ -12,52 +13,46 @@ using kova::detail::kSuccess;
 
 // --- the constants
 //
-// They, their bodies and texts are made when the library is compiled.
+// The handles are made when the library is compiled, without bodies.
 
 namespace {
 
-enum SerialNumber : int {
-    kNone,
-#define KOVI_NAME(handle, identifier, text) kNumberOf_##handle##_##identifier,
+struct Table {
+#define KOVI_NAME(handle, identifier, text) handle handle##_##identifier;
 #include <kova/public/names.def>
-    kBehindTheConstants
 };
-static_assert(kBehindTheConstants <= 1000, "the debug names have room for three digits");
 
-#define KOVI_NAME(handle, identifier, text)                                                                            \
-  kova::detail::StaticBlock<sizeof(text)> name_##handle##_##identifier(text);                                          \
-  kova::detail::StaticBlock<sizeof(#handle "[999]")> debugName_##handle##_##identifier(                                \
-      #handle, kNumberOf_##handle##_##identifier);
+/// Keeps the table from being destroyed.
+union Storage {
+    constexpr Storage() noexcept : table() {}
+    ~Storage() {} // NOLINT(modernize-use-equals-default): that would be a deleted one
+    Table table;
+};
+
+Storage storage;
+
+/// In the order of the table. (Pointers to texts would have to be relocated whenever the library is loaded.)
+constexpr char kTexts[][44] = {
+#define KOVI_NAME(handle, identifier, text) text,
 #include <kova/public/names.def>
+};
+static_assert(sizeof(Table) == sizeof(KOVIName) * (sizeof kTexts / sizeof kTexts[0]));
 
 } // namespace
 
-int KOVIObjectImpl::_objectCounter = kBehindTheConstants - 1;
-
-struct kova::detail::ConstantNames {
-    struct Table {
-#define KOVI_NAME(handle, identifier, text)                                                                            \
-  KOVINameImpl body_##handle##_##identifier{debugName_##handle##_##identifier.units,                                   \
-                                            name_##handle##_##identifier.units};                                       \
-  handle handle##_##identifier{#handle, static_cast<KOVIObjectImpl*>(&body_##handle##_##identifier)};
+#define KOVI_NAME(handle, identifier, text) handle const& handle::identifier = storage.table.handle##_##identifier;
 #include <kova/public/names.def>
-    };
 
-    /// Keeps the table from being destroyed.
-    union Storage {
-        constexpr Storage() noexcept : table() {}
-        ~Storage() {} // NOLINT(modernize-use-equals-default): that would be a deleted one
-        Table table;
-    };
-
-    static Storage storage;
-};
-
-kova::detail::ConstantNames::Storage kova::detail::ConstantNames::storage;
-
-#define KOVI_NAME(handle, identifier, text)                                                                            \
-  handle const& handle::identifier = kova::detail::ConstantNames::storage.table.handle##_##identifier;
-#include <kova/public/names.def>
+/// Makes the body of a constant, which holds a reference on it for ever; null for any other handle.
+void* KOVIObject::constantBody() const {
+    std::uintptr_t const offset = reinterpret_cast<std::uintptr_t>(this) - reinterpret_cast<std::uintptr_t>(&storage);
+    if (offset >= sizeof storage)
+        return nullptr;
+    KOVINameImpl* const body = new KOVINameImpl(tag_, kTexts[offset / sizeof(KOVIName)]);
+    body->Ref();
+    body_ = static_cast<KOVIObjectImpl*>(body);
+    return body_;
+}
 
 // --- handles and bodies
 

@@ -5,10 +5,6 @@
 #include <kova/public/KOVIObjectImpl.h>
 #include <kova/text/KOVAString.h>
 
-namespace kova::detail {
-struct ConstantNames;
-}
-
 /// The body of a name.
 class KOVA_API KOVINameImpl : public KOVIObjectImpl {
 public:
@@ -23,9 +19,5 @@ public:
     char const* GetText() const { return name_; }
 
 private:
-    friend struct kova::detail::ConstantNames;
-    constexpr KOVINameImpl(unsigned short* debugName, unsigned short* name) noexcept
-        : KOVIObjectImpl(debugName), name_(KOVAString::StaticUnits{name}) {}
-
     KOVAString name_;
 };

@@ -5,13 +5,13 @@
 static_assert(sizeof(void*) != 4 || sizeof(KOVIObject) == 12);
 static_assert(sizeof(void*) != 4 || sizeof(KOVIObjectImpl) == 20);
 
-KOVIObject::KOVIObject(KOVIObject const& other) noexcept : tag_(other.tag_), body_(other.body_) {
+KOVIObject::KOVIObject(KOVIObject const& other) : tag_(other.tag_), body_(other.GetData()) {
     Ref();
 }
 
 KOVIObject& KOVIObject::operator=(KOVIObject const& other) {
     tag_ = other.tag_;
-    SetData(other.body_);
+    SetData(other.GetData());
     return *this;
 }
 
@@ -21,7 +21,7 @@ KOVIObject::~KOVIObject() {
 }
 
 bool KOVIObject::IsValid() const {
-    return tag_ && body_;
+    return tag_ && GetData();
 }
 
 void KOVIObject::SetData(void* body) {
@@ -35,13 +35,17 @@ void KOVIObject::SetData(void* body) {
         delete released;
 }
 
-int KOVIObject::Ref() noexcept {
-    return body_ ? KOVIObjectImpl::Cast(body_)->Ref() : 0;
+int KOVIObject::Ref() {
+    KOVIObjectImpl* const body = KOVIObjectImpl::Cast(GetData());
+    return body ? body->Ref() : 0;
 }
 
-int KOVIObject::Unref() noexcept {
-    return body_ ? KOVIObjectImpl::Cast(body_)->Unref() : 0;
+int KOVIObject::Unref() {
+    KOVIObjectImpl* const body = KOVIObjectImpl::Cast(GetData());
+    return body ? body->Unref() : 0;
 }
+
+int KOVIObjectImpl::_objectCounter = 0;
 
 KOVIObjectImpl::KOVIObjectImpl(char const* tag) : count_(0) {
     if (!tag)

@@ -17,22 +17,21 @@ public:
     void SetData(void* body);
     /// The body, a KOVIObjectImpl*, which lives as long as a handle holds it. Hazard: null for a handle without
     /// one, and KOVIObjectImpl::Cast does not ask.
-    void* GetData() const noexcept { return body_; }
+    void* GetData() const { return body_ ? body_ : constantBody(); }
 
 protected:
-    explicit KOVIObject(char const* const tag) noexcept : tag_(tag), body_(nullptr) {}
-    KOVIObject(KOVIObject const& other) noexcept;
+    constexpr explicit KOVIObject(char const* const tag) noexcept : tag_(tag), body_(nullptr) {}
+    KOVIObject(KOVIObject const& other);
     KOVIObject& operator=(KOVIObject const& other);
     virtual ~KOVIObject();
 
     /// The body's, which return the new count; 0 without a body. Hazard: Unref deletes nothing.
-    int Ref() noexcept;
-    int Unref() noexcept;
-
-    /// With a body that holds this reference already.
-    constexpr KOVIObject(char const* const tag, void* body) noexcept : tag_(tag), body_(body) {}
+    int Ref();
+    int Unref();
 
 private:
+    void* constantBody() const;
+
     char const* tag_;
-    void* body_;
+    mutable void* body_; ///< of a constant, null until it is asked for
 };

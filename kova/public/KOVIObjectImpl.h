@@ -26,13 +26,8 @@ public:
     char const* GetName() const { return name_; }
     void SetName(KOVAString& name) { name_ = name; }
 
-    /// The serial number that was given last. The constants of KOVIName.h have the first ones.
+    /// The serial number that was given last; 0 at first.
     static int _objectCounter;
-
-protected:
-    /// Of a constant, which counts itself as so many handles that it is never deleted.
-    constexpr explicit KOVIObjectImpl(unsigned short* debugName) noexcept
-        : count_(1 << 30), name_(KOVAString::StaticUnits{debugName}) {}
 
 private:
     std::int32_t count_;

@@ -140,8 +140,6 @@ public:
 
 private:
     friend class KOVAOptionName;
-    friend class KOVINameImpl;
-    friend class KOVIObjectImpl;
     /// Shares a block that is never released, made when the program is compiled.
     struct StaticUnits {
         unsigned short* units;
