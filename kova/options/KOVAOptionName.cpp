@@ -149,10 +149,18 @@ public:
         return *registry;
     }
 
+    /// A name that is known stays as it is; an empty one is never valid.
     void add(KOVAString const& name) {
+        if (name.length() == 0 || index_.find(name))
+            return;
         int const number = static_cast<int>(names_.size());
         names_.push_back(name);
-        enter(number);
+        index_.insert(name, number);
+        NameParts const parts(name);
+        Group& group = groups_[parts.size()];
+        group.names.push_back(number);
+        for (int i = 0; i < parts.size(); ++i)
+            group.hashes.push_back(parts[i].foldedHash());
     }
 
     std::vector<KOVAString> const& names() const { return names_; }
@@ -177,23 +185,9 @@ private:
 
     Registry() : index_(&hashOf, &same) {
         Table const& table = Storage::instance.table;
-#define KOVA_OPTION_NAME(identifier, text) names_.push_back(table.identifier.name_);
+#define KOVA_OPTION_NAME(identifier, text) add(table.identifier.name_);
 #include KOVA_OPTION_NAMES
 #undef KOVA_OPTION_NAME
-        for (int i = 0; i < static_cast<int>(names_.size()); ++i)
-            enter(i);
-    }
-
-    void enter(int number) {
-        KOVAString const& name = names_[static_cast<std::size_t>(number)];
-        if (index_.find(name))
-            return; // registered twice
-        index_.insert(name, number);
-        NameParts const parts(name);
-        Group& group = groups_[parts.size()];
-        group.names.push_back(number);
-        for (int i = 0; i < parts.size(); ++i)
-            group.hashes.push_back(parts[i].foldedHash());
     }
 
     bool fitsAny(NameParts const& candidate) const {

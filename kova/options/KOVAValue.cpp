@@ -170,7 +170,9 @@ void KOVAValue::Dump(KOVAStreamFormatter& formatter) const {
 }
 
 KOVAValue::operator char const*() const {
-    GetValue(text_);
+    KOVAString text;
+    if (type_ != String && GetValue(text).IsSuccess() && text_ != text)
+        text_ = text; // only then: a text that was handed out lives on
     return text_;
 }
 

@@ -34,6 +34,9 @@ std::int64_t seekFile(int file, std::int64_t offset, SeekFrom from) noexcept;
 /// The stream's file number; -1 for a null stream.
 int fileNumber(std::FILE* stream) noexcept;
 
+/// A stream that reads a duplicate of the file number, from where it stands; null when that cannot be.
+std::FILE* readingStream(int file) noexcept;
+
 /// What the file's owner may do.
 struct FilePermissions {
     bool read;

@@ -98,6 +98,14 @@ int fileNumber(std::FILE* stream) noexcept {
     return stream ? ::fileno(stream) : -1;
 }
 
+std::FILE* readingStream(int file) noexcept {
+    int const duplicate = ::fcntl(file, F_DUPFD_CLOEXEC, 0);
+    std::FILE* const stream = duplicate >= 0 ? ::fdopen(duplicate, "r") : nullptr;
+    if (!stream && duplicate >= 0)
+        ::close(duplicate);
+    return stream;
+}
+
 FilePermissions filePermissions(int file) noexcept {
     struct stat status;
     if (::fstat(file, &status) != 0)

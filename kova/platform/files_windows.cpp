@@ -75,6 +75,14 @@ int fileNumber(std::FILE* stream) noexcept {
     return stream ? _fileno(stream) : -1;
 }
 
+std::FILE* readingStream(int file) noexcept {
+    int const duplicate = _dup(file);
+    std::FILE* const stream = duplicate >= 0 ? _fdopen(duplicate, "rt") : nullptr;
+    if (!stream && duplicate >= 0)
+        _close(duplicate);
+    return stream;
+}
+
 FilePermissions filePermissions(int file) noexcept {
     struct _stat status;
     if (_fstat(file, &status) != 0)
