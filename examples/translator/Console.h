@@ -4,7 +4,7 @@
 #include <kova/diagnostics/KOVAEvent.h>
 #include <kova/system/KOVAEnvironment.h>
 
-namespace translator {
+namespace toolkit {
 
 /// The library's console while it lives. It is brief, messages without the reports of the tasks, until somebody
 /// names a level: setLevel, or the environment variable that the library reads.
@@ -31,4 +31,4 @@ private:
     bool isBrief_ = true;
 };
 
-} // namespace translator
+} // namespace toolkit

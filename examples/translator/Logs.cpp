@@ -7,7 +7,7 @@
 
 #include "report.h"
 
-namespace translator {
+namespace toolkit {
 
 KOVIResult Logs::open(File& file, KOVALogger& logger, char const* name, std::vector<char const*> const& others) {
     for (char const* const other : others) {
@@ -30,4 +30,4 @@ KOVIResult Logs::open(char const* text, char const* json, std::vector<char const
     return open(jsonFile_, json_, json, taken);
 }
 
-} // namespace translator
+} // namespace toolkit

@@ -7,7 +7,7 @@
 
 #include "files.h"
 
-namespace translator {
+namespace toolkit {
 
 /// The log files of a run, written while this lives, at the level that the environment names.
 class Logs {
@@ -26,4 +26,4 @@ private:
     KOVAJsonLogger json_;
 };
 
-} // namespace translator
+} // namespace toolkit

@@ -4,26 +4,21 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstring>
 #include <iterator>
+#include <set>
 #include <system_error>
 
 #include <kova/system/KOVAEnvironment.h>
 #include <kova/system/KOVAFloatUtil.h>
 
 #include "OptionsFile.h"
+#include "Settings.h"
 #include "characters.h"
 
-namespace translator {
+namespace toolkit {
 
 namespace {
-
-/// Where the options stand in the table.
-enum : std::size_t { kAscii, kDigits, kWeldTolerance, kDegenerate };
-
-constexpr int kMostDigits = 17;
-
-/// In the order of Degenerate.
-constexpr std::string_view kDegenerateWords[] = {"keep", "drop", "fail"};
 
 std::string narrow(KOVAString const& text) {
     return text.length() > 0 ? std::string(static_cast<char const*>(text)) : std::string();
@@ -45,33 +40,6 @@ KOVAValue::KOVAValueType typeOf(KOVAOption const& option) {
     return type;
 }
 
-/// The number that is the whole text.
-KOVAValue parsedInt(std::string_view text) {
-    int number = 0;
-    char const* const end = text.data() + text.size();
-    auto const result = std::from_chars(text.data(), end, number);
-    return result.ec == std::errc() && result.ptr == end ? KOVAValue(number) : KOVAValue();
-}
-
-KOVAValue parsedDouble(std::string_view text) {
-    double number = 0;
-    char const* const end = text.data() + text.size();
-    bool const isNumber = !text.empty() && KOVAFloatUtil::read(text.data(), end, number) == end;
-    return isNumber && std::isfinite(number) ? KOVAValue(number) : KOVAValue();
-}
-
-KOVAValue parsedBool(std::string_view text) {
-    for (std::string_view const word : {"on", "yes", "true"}) {
-        if (equalsIgnoringCase(text, word))
-            return true;
-    }
-    for (std::string_view const word : {"off", "no", "false"}) {
-        if (equalsIgnoringCase(text, word))
-            return false;
-    }
-    return {};
-}
-
 std::string shown(KOVAValue const& value) {
     KOVAValue::KOVAValueType type = KOVAValue::Unknown;
     value.GetValueType(type);
@@ -89,51 +57,113 @@ std::string shown(KOVAValue const& value) {
     return narrow(text);
 }
 
+bool isInRange(double value, OptionDescription const& description) {
+    return value >= description.least && (description.most <= description.least || value <= description.most);
+}
+
+/// The number that is the whole text.
+KOVAValue parsedInt(std::string_view text, OptionDescription const& description) {
+    int number = 0;
+    char const* const end = text.data() + text.size();
+    auto const result = std::from_chars(text.data(), end, number);
+    bool const isNumber = result.ec == std::errc() && result.ptr == end;
+    return isNumber && isInRange(number, description) ? KOVAValue(number) : KOVAValue();
+}
+
+KOVAValue parsedDouble(std::string_view text, OptionDescription const& description) {
+    double number = 0;
+    char const* const end = text.data() + text.size();
+    bool const isNumber = !text.empty() && KOVAFloatUtil::read(text.data(), end, number) == end;
+    return isNumber && std::isfinite(number) && isInRange(number, description) ? KOVAValue(number) : KOVAValue();
+}
+
+KOVAValue parsedWord(std::string_view text, OptionDescription const& description) {
+    bool const isWord = description.words.empty() ||
+                        std::any_of(description.words.begin(), description.words.end(),
+                                    [text](std::string const& word) { return equalsIgnoringCase(text, word); });
+    return isWord ? KOVAValue(KOVAString(std::string(text).c_str())) : KOVAValue();
+}
+
+/// "keep, drop or fail"
+std::string listed(std::vector<std::string> const& words) {
+    std::string text = words.front();
+    for (std::size_t i = 1; i < words.size(); ++i)
+        text += (i + 1 == words.size() ? " or " : ", ") + words[i];
+    return text;
+}
+
+/// " from 0 to 17"
+std::string range(OptionDescription const& description) {
+    std::string const least = shown(KOVAValue(description.least));
+    return description.most > description.least ? " from " + least + " to " + shown(KOVAValue(description.most))
+           : description.least == 0             ? " that is not negative"
+                                                : " not below " + least;
+}
+
+KOVAValue parsedBool(std::string_view text) {
+    for (std::string_view const word : {"on", "yes", "true"}) {
+        if (equalsIgnoringCase(text, word))
+            return true;
+    }
+    for (std::string_view const word : {"off", "no", "false"}) {
+        if (equalsIgnoringCase(text, word))
+            return false;
+    }
+    return {};
+}
+
 bool isZero(KOVAValue const& value) {
     return value == KOVAValue(0) || value == KOVAValue(0.0);
 }
 
-bool isAny(KOVAValue const& /*value*/) {
-    return true;
+KOVAValue::KOVAValueType typeOf(OptionDescription const& description) {
+    KOVAValue::KOVAValueType type = KOVAValue::Unknown;
+    description.defaultValue.GetValueType(type);
+    return type;
 }
 
-bool isNumberOfDigits(KOVAValue const& value) {
-    int digits = -1;
-    value.GetValue(digits);
-    return digits >= 0 && digits <= kMostDigits;
+/// Unknown where the text spells none of the option's values.
+KOVAValue parsed(OptionDescription const& description, std::string_view text) {
+    switch (typeOf(description)) {
+    case KOVAValue::Int: return parsedInt(text, description);
+    case KOVAValue::Double: return parsedDouble(text, description);
+    case KOVAValue::Bool: return parsedBool(text);
+    default: return parsedWord(text, description);
+    }
 }
 
-bool isDistance(KOVAValue const& value) {
-    double distance = -1;
-    value.GetValue(distance);
-    return distance >= 0;
+/// "a number not below 0", "keep, drop or fail".
+std::string wanted(OptionDescription const& description) {
+    switch (typeOf(description)) {
+    case KOVAValue::Int: return "a whole number" + range(description);
+    case KOVAValue::Double: return "a number" + range(description);
+    case KOVAValue::Bool: return "On or Off";
+    default: return description.words.empty() ? "a text" : listed(description.words);
+    }
 }
 
-/// The word's place among those of Degenerate; their number when it is none of them.
-std::size_t degenerateAt(KOVAValue const& value) {
-    std::string const text = shown(value);
-    auto const found = std::find_if(std::begin(kDegenerateWords), std::end(kDegenerateWords),
-                                    [&](std::string_view word) { return equalsIgnoringCase(text, word); });
-    return static_cast<std::size_t>(found - std::begin(kDegenerateWords));
-}
-
-bool isDegenerateWord(KOVAValue const& value) {
-    return degenerateAt(value) < std::size(kDegenerateWords);
-}
-
-template <class T> KOVAValue effective(KOVAOption const& option) {
+template <class T> T valueOf(KOVAOption const& option, bool withEnvironment = false) {
     T value{};
-    option.GetValue(value, true);
-    return KOVAValue(value);
+    option.GetValue(value, withEnvironment);
+    return value;
 }
 
 /// With the environment, as the library reads it.
 KOVAValue effectiveValue(KOVAOption const& option) {
     switch (typeOf(option)) {
-    case KOVAValue::Int: return effective<int>(option);
-    case KOVAValue::Double: return effective<double>(option);
-    case KOVAValue::Bool: return effective<bool>(option);
-    default: return effective<KOVAString>(option);
+    case KOVAValue::Int: return valueOf<int>(option, true);
+    case KOVAValue::Double: return valueOf<double>(option, true);
+    case KOVAValue::Bool: return valueOf<bool>(option, true);
+    default: return valueOf<KOVAString>(option, true);
+    }
+}
+
+KOVIValue publicValue(KOVAOption const& option) {
+    switch (typeOf(option)) {
+    case KOVAValue::Int: return valueOf<int>(option);
+    case KOVAValue::Double: return valueOf<double>(option);
+    case KOVAValue::Bool: return valueOf<bool>(option);
+    default: return narrow(valueOf<KOVAString>(option)).c_str();
     }
 }
 
@@ -154,48 +184,48 @@ void printColumns(std::vector<std::vector<std::string>> const& rows) {
 
 } // namespace
 
-OptionTable::OptionTable()
-    : rows_{{KOVAOption(KOVAOptionName::STL_Export_Ascii, false), &isAny, "On or Off", "STL is written as text"},
-            {KOVAOption(KOVAOptionName::XMesh_Export_Digits, 0), &isNumberOfDigits, "a whole number from 0 to 17",
-             "significant digits of numbers in text, 1 to 17; 0 for the fewest that keep each exactly"},
-            {KOVAOption(KOVAOptionName::XMesh_Import_WeldTol, 0.0), &isDistance, "a number that is not negative",
-             "in OBJ, a corner within this distance (in the model's units) of an earlier vertex becomes that vertex"},
-            {KOVAOption(KOVAOptionName::XMesh_Import_Degenerate, "keep"), &isDegenerateWord, "keep, drop or fail",
-             "triangles without area: keep or drop them, or fail"}} {}
-
-/// Invalid where the text spells none of the option's values.
-KOVAValue OptionTable::parsed(Row const& row, std::string_view text) {
-    KOVAValue value;
-    switch (typeOf(row.option)) {
-    case KOVAValue::Int: value = parsedInt(text); break;
-    case KOVAValue::Double: value = parsedDouble(text); break;
-    case KOVAValue::Bool: value = parsedBool(text); break;
-    default: value = KOVAString(std::string(text).c_str()); break;
+OptionTable::OptionTable(Formats& formats, std::vector<Format const*> const& used) : formats_(formats) {
+    std::vector<OptionDescription> all = sharedOptions();
+    for (Format const* const format : std::set<Format const*>(used.begin(), used.end())) {
+        std::vector<OptionDescription> const own = format->options();
+        all.insert(all.end(), own.begin(), own.end());
     }
-    return value.IsValid() && row.isInRange(value) ? value : KOVAValue();
+    std::sort(all.begin(), all.end(),
+              [](OptionDescription const& a, OptionDescription const& b) { return std::strcmp(a.name, b.name) < 0; });
+    for (OptionDescription const& each : all)
+        rows_.push_back({each, KOVAOption(KOVAOptionName(KOVAString(each.name)), each.defaultValue)});
+}
+
+OptionTable::Row* OptionTable::find(std::vector<Row>& rows, std::string const& name) {
+    KOVAString const wanted(name.c_str());
+    auto const row = std::find_if(rows.begin(), rows.end(), [&](Row const& each) {
+        return KOVAString(each.description.name).equalsIgnoreCase(wanted);
+    });
+    return row == rows.end() ? nullptr : &*row;
+}
+
+/// An option of something else is no mistake.
+KOVIResult OptionTable::failName(std::string const& name, char const* source, Place place) {
+    formats_.all();
+    KOVAString const wanted(name.c_str());
+    if (KOVAOptionName::IsValid(wanted).IsFailure())
+        return fail(kInvalidArgument, source, place, "%s",
+                    printable(narrow(KOVAOptionName::DescribeUnknown(wanted))).c_str());
+    warn(source, place, "'%s' has no effect here", name.c_str());
+    return kSuccess;
 }
 
 KOVIResult OptionTable::failValue(Row const& row, std::string_view text, char const* source, Place place) {
-    return fail(kInvalidArgument, source, place, "'%s' takes %s, not '%s'", nameOf(row.option).c_str(), row.wanted,
-                printable(text.substr(0, 80)).c_str());
+    return fail(kInvalidArgument, source, place, "'%s' takes %s, not '%s'", row.description.name,
+                wanted(row.description).c_str(), printable(text.substr(0, 80)).c_str());
 }
 
 KOVIResult OptionTable::assign(std::vector<Row>& rows, std::string const& name, std::string const& text,
                                char const* source, Place place) {
-    KOVAString const wanted(name.c_str());
-    auto const row = std::find_if(rows.begin(), rows.end(), [&](Row const& each) {
-        KOVAString known;
-        each.option.GetName(known);
-        return known.equalsIgnoreCase(wanted);
-    });
-    if (row == rows.end()) {
-        if (KOVAOptionName::IsValid(wanted).IsFailure())
-            return fail(kInvalidArgument, source, place, "%s",
-                        printable(narrow(KOVAOptionName::DescribeUnknown(wanted))).c_str());
-        warn(source, place, "'%s' has no effect here", name.c_str());
-        return kSuccess;
-    }
-    KOVAValue const value = parsed(*row, text);
+    Row* const row = find(rows, name);
+    if (!row)
+        return failName(name, source, place);
+    KOVAValue const value = parsed(row->description, text);
     if (!value.IsValid())
         return failValue(*row, text, source, place);
     row->option.SetValue(value);
@@ -239,7 +269,7 @@ KOVIResult OptionTable::readEnvironment(Row& row) {
     if (KOVAEnvironment::GetVariable(KOVAString(variable.c_str()), given).IsFailure())
         return kSuccess;
     std::string const text = narrow(given);
-    KOVAValue const spelled = parsed(row, text);
+    KOVAValue const spelled = parsed(row.description, text);
     if (!spelled.IsValid())
         return failValue(row, text, "environment", kNowhere);
     if (isZero(spelled) && text != "0")
@@ -258,17 +288,6 @@ KOVIResult OptionTable::readEnvironment() {
     return result;
 }
 
-Settings OptionTable::settings() const {
-    Settings settings;
-    KOVAValue degenerate;
-    rows_[kAscii].option.GetValue(settings.ascii);
-    rows_[kDigits].option.GetValue(settings.digits);
-    rows_[kWeldTolerance].option.GetValue(settings.weldTolerance);
-    rows_[kDegenerate].option.GetValue(degenerate);
-    settings.degenerate = static_cast<Degenerate>(degenerateAt(degenerate));
-    return settings;
-}
-
 KOVAOptions OptionTable::given() const {
     KOVAOptions options;
     for (Row const& row : rows_) {
@@ -278,13 +297,22 @@ KOVAOptions OptionTable::given() const {
     return options;
 }
 
+KOVIOptions OptionTable::handle() const {
+    KOVIOptions options;
+    for (Row const& row : rows_) {
+        if (row.origin != kDefault)
+            options.Add(row.description.name, publicValue(row.option));
+    }
+    return options;
+}
+
 void OptionTable::list() const {
     std::vector<std::vector<std::string>> lines;
     for (Row const& row : rows_) {
         KOVAValue value;
         row.option.GetDefaultValue(value);
-        lines.push_back(
-            {nameOf(row.option), KOVAValue::KOVAValueTypeNames[typeOf(row.option)], shown(value), row.meaning});
+        lines.push_back({row.description.name, KOVAValue::KOVAValueTypeNames[typeOf(row.option)], shown(value),
+                         row.description.meaning});
     }
     printColumns(lines);
 }
@@ -294,9 +322,9 @@ void OptionTable::show() const {
     for (Row const& row : rows_) {
         KOVAValue value;
         row.option.GetValue(value);
-        lines.push_back({nameOf(row.option), shown(value), row.origin});
+        lines.push_back({row.description.name, shown(value), row.origin});
     }
     printColumns(lines);
 }
 
-} // namespace translator
+} // namespace toolkit

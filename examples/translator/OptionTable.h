@@ -6,26 +6,31 @@
 
 #include <kova/core/KOVIResult.h>
 #include <kova/options/KOVAOptions.h>
+#include <kova/public/KOVIOptions.h>
 
-#include "Settings.h"
+#include "Formats.h"
+#include "OptionDescription.h"
 #include "report.h"
 
-namespace translator {
+namespace toolkit {
 
-/// The options that the translator knows, and where their values come from. What is taken over later wins.
-/// Every mistake is one error; what has a mistake changes nothing and fails with Invalid Argument.
+/// The options of a run, and where their values come from. What is taken over later wins. Every mistake is one error;
+/// what has a mistake changes nothing and fails with Invalid Argument.
 class OptionTable {
 public:
-    OptionTable();
+    /// Those that all formats share, and those of the formats of the run. The other formats are loaded when a name
+    /// is not among these, to tell an option without effect from a mistake.
+    OptionTable(Formats& formats, std::vector<Format const*> const& used);
 
     KOVIResult readFile(char const* file);
     /// "NAME=VALUE".
     KOVIResult set(std::string_view assignment);
     KOVIResult readEnvironment();
 
-    Settings settings() const;
     /// Those that a file, the command line or the environment gave a value.
     KOVAOptions given() const;
+    /// The same as an application hands them on.
+    KOVIOptions handle() const;
 
     /// Names, types, defaults and meanings as messages, a line each.
     void list() const;
@@ -36,20 +41,20 @@ private:
     static constexpr char kDefault[] = "default";
 
     struct Row {
+        OptionDescription description;
         KOVAOption option;
-        bool (*isInRange)(KOVAValue const& value);
-        char const* wanted; ///< what values there are
-        char const* meaning;
         std::string origin = kDefault;
     };
 
-    static KOVIResult assign(std::vector<Row>& rows, std::string const& name, std::string const& text,
-                             char const* source, Place place);
-    static KOVAValue parsed(Row const& row, std::string_view text);
+    static Row* find(std::vector<Row>& rows, std::string const& name);
+    KOVIResult failName(std::string const& name, char const* source, Place place);
     static KOVIResult failValue(Row const& row, std::string_view text, char const* source, Place place);
+    KOVIResult assign(std::vector<Row>& rows, std::string const& name, std::string const& text, char const* source,
+                      Place place);
     static KOVIResult readEnvironment(Row& row);
 
-    std::vector<Row> rows_;
+    Formats& formats_;
+    std::vector<Row> rows_; ///< by name
 };
 
-} // namespace translator
+} // namespace toolkit

@@ -5,7 +5,7 @@
 #include "files.h"
 #include "report.h"
 
-namespace translator {
+namespace toolkit {
 
 namespace {
 
@@ -51,4 +51,4 @@ KOVIResult OptionsFile::read(char const* file) {
     return kSuccess;
 }
 
-} // namespace translator
+} // namespace toolkit

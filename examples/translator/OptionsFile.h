@@ -6,7 +6,7 @@
 #include <kova/core/KOVIResult.h>
 #include <kova/options/KOVACfgFile.h>
 
-namespace translator {
+namespace toolkit {
 
 /// A file of lines "NAME=VALUE", with the number of each line.
 class OptionsFile : private KOVACfgFile {
@@ -26,4 +26,4 @@ private:
     std::vector<Line> lines_;
 };
 
-} // namespace translator
+} // namespace toolkit

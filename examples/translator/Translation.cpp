@@ -2,134 +2,214 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
+#include <deque>
 #include <exception>
 #include <limits>
 #include <memory>
+#include <numeric>
+#include <optional>
+#include <unordered_map>
 
-#include <kova/core/Gk_Exception.h>
+#include <kova/core/Gk_ErrMgr.h>
+#include <kova/public/KOVIFileImpl.h>
+#include <kova/public/KOVIOptionsImpl.h>
 #include <kova/stream/KOVAFileInputStream.h>
 #include <kova/system/KOVAFilePath.h>
 
-#include "ObjReader.h"
-#include "ObjWriter.h"
-#include "OutputFile.h"
-#include "StlReader.h"
-#include "StlWriter.h"
+#include "Measure.h"
+#include "Placement.h"
+#include "Store.h"
+#include "WatchedStream.h"
+#include "characters.h"
 #include "fileHeader.h"
-#include "files.h"
 #include "report.h"
 #include "tasks.h"
+#include "units.h"
 
-namespace translator {
+namespace toolkit {
 
 namespace {
 
-enum class Format { Obj, BinaryStl, AsciiStl };
+/// Empty where the file has none.
+std::string pathOf(KOVIFile const& file) {
+    KOVAString path;
+    if (file.IsValid())
+        static_cast<KOVIFileImpl*>(KOVIObjectImpl::Cast(file.GetData()))->GetPath(path);
+    return path.length() > 0 ? std::string(static_cast<char const*>(path)) : std::string();
+}
 
-std::unique_ptr<TriangleSink> makeWriter(Format format, OutputFile& file, Settings const& settings) {
-    switch (format) {
-    case Format::Obj: return std::make_unique<ObjWriter>(file, settings);
-    case Format::AsciiStl: return std::make_unique<AsciiStlWriter>(file, settings);
-    case Format::BinaryStl: break;
+/// The set itself, which the handle keeps.
+KOVAOptions const& optionsOf(KOVIOptions const& options) {
+    static KOVAOptions const none;
+    KOVAOptions const* set = &none;
+    if (options.IsValid())
+        static_cast<KOVIOptionsImpl*>(KOVIObjectImpl::Cast(options.GetData()))->GetOptions(set);
+    return *set;
+}
+
+/// The formats' own options and those that they share: as by default, or as given.
+KOVAOptions allOptions(std::vector<Format const*> const& formats, KOVAOptions given) {
+    KOVAOptions options;
+    auto const add = [&options](std::vector<OptionDescription> const& descriptions) {
+        for (OptionDescription const& each : descriptions)
+            options.AddOption(KOVAOption(KOVAOptionName(KOVAString(each.name)), each.defaultValue));
+    };
+    add(sharedOptions());
+    for (Format const* const format : formats)
+        add(format->options());
+    options.AddOptions(given, true);
+    return options;
+}
+
+/// Callers know the result of an abort, so nothing is reported. The flag is cleared: what follows is another matter.
+KOVIResult aborted() {
+    try {
+        Gk_ErrMgr::checkAbort();
+    } catch (KOVAAbortException const&) {
+        return kAborted;
     }
-    return std::make_unique<BinaryStlWriter>(file, settings);
+    return kAborted;
 }
 
-std::unique_ptr<ModelReader> makeReader(KOVAInputStream& stream, long long size, char const* name) {
-    if (KOVAFilePath(name).HasExtension("obj"))
-        return std::make_unique<ObjReader>(stream, size, name);
-    return std::make_unique<StlReader>(stream, size, name);
-}
-
-void report(char const* input, ModelReader const& reader, char const* output, TriangleSink const& writer,
-            Degenerate degenerate) {
-    Box const box = writer.boundingBox();
-    // What is added makes 0 of -0.
-    auto const shown = [](float coordinate) { return static_cast<double>(coordinate) + 0.0; };
-    inform(input, "%s", reader.description(writer).c_str());
-    inform(input, "bounding box (%g, %g, %g) to (%g, %g, %g)", shown(box.low.x), shown(box.low.y), shown(box.low.z),
-           shown(box.high.x), shown(box.high.y), shown(box.high.z));
-    if (degenerate == Degenerate::Drop)
-        inform(input, "%lld triangles without area dropped", writer.dropped());
-    inform(output, "%s, %lld bytes", writer.description().c_str(), writer.bytes());
-}
-
-int clamped(long long count) {
-    return static_cast<int>(std::min<long long>(count, std::numeric_limits<int>::max()));
-}
+/// Ends a translation whose failure has been reported.
+struct Failed {
+    KOVIResult result;
+};
 
 /// What a step throws is reported and becomes its result.
 template <class Step> KOVIResult guarded(char const* input, Step const& step) {
     try {
         return step();
+    } catch (Failed const& e) {
+        return e.result;
     } catch (TriangleWithoutArea const& e) {
         return fail(kInvalidFile, input, kNowhere, "%s", e.what());
     } catch (std::exception const& e) {
         return fail(kUnexpectedError, input, kNowhere, "%s", e.what());
     } catch (Gk_Exception const&) {
         return kUnexpectedError; // it was reported when it was raised
+    } catch (KOVAAbortException const&) {
+        return aborted();
     }
 }
 
+int clamped(long long count) {
+    return static_cast<int>(std::min<long long>(count, std::numeric_limits<int>::max()));
+}
+
+/// A file that is being written, or complete and not yet in its place.
+struct Output {
+    explicit Output(std::string const& name) : file(name) {}
+
+    OutputFile file;
+    std::unique_ptr<ModelWriter> writer; ///< none before the first triangle, and none any more when it is complete
+    // What is left of the writer then.
+    std::string description;
+    long long bytes = 0;
+    std::optional<std::size_t> vertices;
+    long long written = 0;
+    long long dropped = 0;
+};
+
 /// One translation, task by task. Triangles are translated while they are read, so that task lies within the
-/// reading.
-class Conversion {
+/// reading, unless the whole model has to be there first.
+class Conversion : private ModelSink {
 public:
-    Conversion(char const* input, char const* output, Format format, Settings const& settings)
-        : input_(input), output_(output), format_(format), settings_(settings) {}
+    Conversion(Job const& job, Format const& from, Format const& to)
+        : job_(job), inputName_(pathOf(job.input)), outputName_(pathOf(job.output)), from_(from), to_(to),
+          options_(allOptions({&from, &to}, optionsOf(job.options))), settings_(options_), placements_(job.placements),
+          isHeld_(job.isSplit || job.placements.size() > 1) {
+        if (placements_.empty())
+            placements_.emplace_back();
+    }
 
     KOVIResult run(KOVAConvertedEntitiesInfo& entities);
 
 private:
-    KOVIResult openInput();
-    KOVIResult openOutput();
-    KOVIResult readEntities();
-    KOVIResult readFile();
-    KOVIResult writeFile();
+    Scene& scene() override { return scene_; }
+    void reserve(std::size_t triangles) override { expected_ = triangles; }
+    void add(Piece const& piece) override;
 
-    char const* input_;
-    char const* output_;
-    Format format_;
-    Settings const& settings_;
+    KOVIResult readFile();
+    void openInput();
+    KOVIResult readEntities();
+    KOVIResult writeFile();
+    void openOutput(std::string const& name);
+    void beginOutput(Output& output);
+    void completeOutput(Output& output);
+    void keepOutputs();
+    void writeHeld();
+    std::string nameForPart(Part const& part);
+
+    void settleUnits();
+    void deliver(Piece const& piece, KOVAAssemblyComponentTransform const& placement);
+    void report() const;
+    std::string unitText() const;
+    template <class T> T sum(T Output::*member) const {
+        return std::accumulate(outputs_.begin(), outputs_.end(), T{},
+                               [member](T all, Output const& each) { return all + each.*member; });
+    }
+
+    Job const& job_;
+    std::string const inputName_;
+    std::string const outputName_;
+    char const* const input_ = inputName_.c_str();
+    char const* const output_ = outputName_.c_str();
+    Format const& from_;
+    Format const& to_;
+    KOVAOptions const options_;
+    Settings settings_;
+    std::vector<KOVAAssemblyComponentTransform> placements_; ///< at least one; scaled once the units are settled
+    bool isHeld_;
+
+    KOVAUnit unit_ = KOVA_UNIT_UNKNOWN; ///< of the input
+    double unitScale_ = 1;
+    bool areUnitsSettled_ = false;
+
     File inputFile_;
     long long size_ = -1;
     std::unique_ptr<KOVAInputStream> stream_;
-    std::unique_ptr<OutputFile> file_;
+    std::unique_ptr<WatchedStream> watched_;
+    std::unique_ptr<Input> source_;
     std::unique_ptr<ModelReader> reader_;
-    std::unique_ptr<TriangleSink> writer_;
+
+    Scene scene_;
+    Store store_;
+    Measure measure_;
+    std::size_t expected_ = 0; ///< triangles
+    long long read_ = 0;
+    std::deque<Output> outputs_;
+    std::unordered_map<std::string, int> names_; ///< of parts' files, and how often each was wanted
 };
 
-KOVIResult Conversion::openInput() {
+// --- reading
+
+void Conversion::openInput() {
     KOVIResult result = kSuccess;
     inputFile_ = openToRead(input_, result);
     if (!inputFile_)
-        return result;
+        throw Failed{result};
     KOVAFileDescriptorHandle const descriptor(new KOVAFileDescriptor(inputFile_.get(), KOVAFileDescriptor::Read));
     size_ = descriptor->fileSize();
     stream_ = std::make_unique<KOVAFileInputStream>(inputFile_.get());
-    reader_ = makeReader(*stream_, size_, input_);
-    return kSuccess;
-}
-
-/// Once the input is open: a fault in its name costs no earlier output.
-KOVIResult Conversion::openOutput() {
-    file_ = std::make_unique<OutputFile>(output_);
-    if (!file_->isOpen())
-        return fail(kFileOpenError, output_, kNowhere, "cannot be created: %s", std::strerror(errno));
-    if (format_ == Format::BinaryStl && !file_->canBePositioned())
-        return fail(kFileOpenError, output_, kNowhere,
-                    "binary STL needs a file, not a pipe or a device; write ASCII (--ascii) or OBJ instead");
-    writer_ = makeWriter(format_, *file_, settings_);
-    return kSuccess;
+    watched_ = std::make_unique<WatchedStream>(*stream_, size_);
+    source_ = std::make_unique<Input>(Input{*watched_, size_, input_});
+    reader_ = from_.reader(*source_);
+    if (!reader_)
+        throw Failed{fail(kNotSupported, input_, kNowhere, "%s cannot be read", from_.name())};
 }
 
 KOVIResult Conversion::readEntities() {
     fire<KOVAStartReadEntitiesTaskEvent>();
     fire<KOVAStartConversionStageEvent>("Translation", 1, 0.0, false);
-    KOVIResult const result = guarded(input_, [this] { return reader_->read(*writer_); });
+    KOVIResult const result = guarded(input_, [this] { return reader_->read(*this); });
     // What is dropped because the user wants it so has not failed.
-    long long const failed = settings_.degenerate == Degenerate::Fail ? writer_->dropped() : 0;
+    long long const failed =
+        settings_.degenerate == Degenerate::Fail && result.IsFailure() && !outputs_.empty() && outputs_.back().writer
+            ? outputs_.back().writer->dropped()
+            : 0;
     fire<KOVAEndTranslationTaskEvent>(result, false, clamped(failed));
     fire<KOVAEndReadEntitiesTaskEvent>(result);
     return result;
@@ -138,8 +218,11 @@ KOVIResult Conversion::readEntities() {
 KOVIResult Conversion::readFile() {
     fire<KOVAStartReadFileTaskEvent>(input_);
     KOVIResult result = guarded(input_, [this] {
-        KOVIResult const opened = openInput();
-        return opened.IsFailure() ? opened : openOutput();
+        openInput();
+        // A fault in the output's name is known before anything is read.
+        if (!job_.isSplit)
+            openOutput(output_);
+        return kSuccess;
     });
     if (result.IsSuccess())
         result = readEntities();
@@ -148,17 +231,176 @@ KOVIResult Conversion::readFile() {
     return result;
 }
 
+/// Of the input, what the user states, or else the file itself. Lengths are scaled where both units are known.
+void Conversion::settleUnits() {
+    if (areUnitsSettled_)
+        return;
+    areUnitsSettled_ = true;
+    unit_ = unitOf(job_.fromUnit);
+    if (unit_ == KOVA_UNIT_UNKNOWN)
+        unit_ = unitOf(reader_->units().c_str());
+    KOVAUnit const target = unitOf(job_.toUnit);
+    KOVAUnit const wanted = isLength(target) && isLength(unit_) ? target : unit_;
+    set_internal_unit(unit_, wanted);
+    settings_.unit = isLength(wanted) ? unitName(wanted) : "";
+    if (wanted == unit_)
+        return;
+    double from = 1;
+    double to = 1;
+    GetUnitScaleFactor(unit_, from);
+    GetUnitScaleFactor(wanted, to);
+    unitScale_ = from / to;
+    for (KOVAAssemblyComponentTransform& placement : placements_) {
+        double m[12];
+        placement.Get(m);
+        for (double& element : m)
+            element *= unitScale_;
+        placement.Set(m);
+    }
+}
+
+void Conversion::add(Piece const& piece) {
+    settleUnits();
+    read_ += static_cast<long long>(Triangles(piece.shell).size());
+    if (isHeld_)
+        store_.add(piece);
+    else
+        deliver(piece, placements_.front());
+}
+
+void Conversion::deliver(Piece const& piece, KOVAAssemblyComponentTransform const& placement) {
+    place(piece.shell, placement);
+    Triangles const triangles(piece.shell);
+    piece.part.triangles += static_cast<long long>(triangles.size());
+    measure_.add(triangles);
+    if (!measure_.isFinite())
+        throw Failed{fail(kModelTooLarge, input_, kNowhere, "placed and scaled, a coordinate is too large")};
+    Output& output = outputs_.back();
+    if (!output.writer)
+        beginOutput(output);
+    output.writer->add(piece);
+}
+
+// --- writing
+
+void Conversion::openOutput(std::string const& name) {
+    if (isSameFile(input_, name.c_str()))
+        throw Failed{fail(kInvalidArgument, name.c_str(), kNowhere, "is the input too; name another file to write")};
+    if (!outputs_.emplace_back(name).file.isOpen()) {
+        int const error = errno;
+        throw Failed{fail(kFileOpenError, name.c_str(), kNowhere, "cannot be created: %s", std::strerror(error))};
+    }
+}
+
+/// Not before the units are settled: formats write them in front.
+void Conversion::beginOutput(Output& output) {
+    output.writer = to_.writer(output.file, settings_);
+    if (!output.writer)
+        throw Failed{kFileOpenError}; // the format knows why and said so
+    if (!isHeld_)
+        output.writer->reserve(expected_);
+}
+
+void Conversion::completeOutput(Output& output) {
+    if (!output.writer)
+        beginOutput(output);
+    output.writer->finish();
+    if (!output.file.complete())
+        throw Failed{fail(kFileSaveError, output.file.name(), atByte(output.file.size()),
+                          "only %lld of %lld bytes could be written; is the disk full?", output.file.size(),
+                          output.writer->bytes())};
+    output.description = output.writer->description();
+    output.bytes = output.writer->bytes();
+    output.vertices = output.writer->vertices();
+    output.written = output.writer->written();
+    output.dropped = output.writer->dropped();
+    output.writer.reset();
+}
+
+void Conversion::keepOutputs() {
+    for (Output& output : outputs_) {
+        if (!output.file.keep())
+            throw Failed{fail(kFileSaveError, output.file.name(), kNowhere, "cannot be replaced")};
+    }
+}
+
+/// "part.stl" becomes "part-lid.stl": what a name of a file cannot have everywhere is left out.
+std::string Conversion::nameForPart(Part const& part) {
+    std::string title = part.title();
+    std::replace_if(
+        title.begin(), title.end(), [](char c) { return !isPrintable(c) || std::strchr("\"*/:<>?\\| ", c); }, '_');
+    std::string const& whole = outputName_;
+    std::size_t const dot = whole.rfind('.');
+    std::string const name = whole.substr(0, dot) + "-" + (title.empty() ? "unnamed" : title);
+    int const count = ++names_[name];
+    return name + (count > 1 ? "-" + std::to_string(count) : "") + whole.substr(dot);
+}
+
+void Conversion::writeHeld() {
+    if (job_.isSplit)
+        store_.sortByPart();
+    for (std::size_t i = 0; i < placements_.size(); ++i) {
+        std::unordered_map<Part const*, Part*> instances;
+        Part const* last = nullptr;
+        store_.forEach([&](Piece const& piece) {
+            Part*& part = instances[&piece.part];
+            if (!part)
+                part = i == 0 ? &piece.part : &scene_.addInstance(piece.part, i + 1);
+            if (job_.isSplit && part != last) {
+                if (!outputs_.empty())
+                    completeOutput(outputs_.back());
+                openOutput(nameForPart(*part));
+            }
+            last = part;
+            deliver({*part, piece.material, piece.shell}, placements_[i]);
+        });
+    }
+}
+
 KOVIResult Conversion::writeFile() {
     fire<KOVAStartWriteFileTaskEvent>(KOVAFilePath(output_));
     KOVIResult const result = guarded(input_, [this] {
-        writer_->finish();
-        return file_->keep() ? kSuccess
-                             : fail(kFileSaveError, output_, atByte(file_->size()),
-                                    "only %lld of %lld bytes could be written; is the disk full?", file_->size(),
-                                    writer_->bytes());
+        settleUnits();
+        if (isHeld_)
+            writeHeld();
+        if (!outputs_.empty())
+            completeOutput(outputs_.back());
+        KOVACallbackShared::IsAborted();
+        keepOutputs();
+        return kSuccess;
     });
     fire<KOVAEndWriteFileTaskEvent>(result);
     return result;
+}
+
+// --- telling
+
+std::string Conversion::unitText() const {
+    if (!isLength(unit_))
+        return unitOf(job_.toUnit) == KOVA_UNIT_UNKNOWN ? "unit unknown" : "unit unknown, nothing is scaled";
+    if (settings_.unit == unitName(unit_))
+        return "unit " + settings_.unit;
+    char scale[40];
+    std::snprintf(scale, sizeof scale, "%.12g", unitScale_);
+    return "unit " + unitName(unit_) + ", scaled by " + scale + " to " + settings_.unit;
+}
+
+void Conversion::report() const {
+    Measure::Box const box = measure_.box();
+    // What is added makes 0 of -0.
+    auto const shown = [](float coordinate) { return static_cast<double>(coordinate) + 0.0; };
+    bool const isOne = outputs_.size() == 1 && placements_.size() == 1;
+    inform(input_, "%s", reader_->description({read_, isOne ? outputs_.front().vertices : std::nullopt}).c_str());
+    inform(input_, "bounding box (%g, %g, %g) to (%g, %g, %g)", shown(box.low.x), shown(box.low.y), shown(box.low.z),
+           shown(box.high.x), shown(box.high.y), shown(box.high.z));
+    if (measure_.looksClosed())
+        inform(input_, "surface area %g, volume %g, %s", measure_.area(), measure_.volume(), unitText().c_str());
+    else
+        inform(input_, "surface area %g, not closed, %s", measure_.area(), unitText().c_str());
+    if (settings_.degenerate == Degenerate::Drop)
+        inform(input_, "%lld triangles without area dropped", sum(&Output::dropped));
+    for (Output const& output : outputs_)
+        inform(output.file.name(), "%s, %lld bytes", output.description.c_str(), output.bytes);
 }
 
 KOVIResult Conversion::run(KOVAConvertedEntitiesInfo& entities) {
@@ -167,32 +409,30 @@ KOVIResult Conversion::run(KOVAConvertedEntitiesInfo& entities) {
         result = writeFile();
     if (result.IsFailure())
         return result;
-    report(input_, *reader_, output_, *writer_, settings_.degenerate);
-    entities.groups = clamped(writer_->parts());
-    entities.otherEntities = clamped(writer_->written());
-    return writer_->written() == 0 ? kNoEntity : kSuccess;
+    report();
+    entities.groups = clamped(std::count_if(scene_.parts().begin(), scene_.parts().end(),
+                                            [](Part const& part) { return part.triangles > 0; }));
+    entities.otherEntities = clamped(sum(&Output::written));
+    return sum(&Output::written) == 0 ? kNoEntity : kSuccess;
 }
 
-KOVIResult convert(char const* input, char const* output, Settings const& settings,
-                   KOVAConvertedEntitiesInfo& entities) {
-    bool const toObj = KOVAFilePath(output).HasExtension("obj");
-    if (!toObj && !KOVAFilePath(output).HasExtension("stl"))
-        return fail(kInvalidArgument, output, kNowhere,
-                    "not a format that can be written; name a file that ends in .obj or .stl");
-    Format const format = toObj ? Format::Obj : settings.ascii ? Format::AsciiStl : Format::BinaryStl;
-    if (isSameFile(input, output))
-        return fail(kInvalidArgument, output, kNowhere, "is the input too; name another file to write");
-    return Conversion(input, output, format, settings).run(entities);
+KOVIResult convert(Formats& formats, Job const& job, KOVAConvertedEntitiesInfo& entities) {
+    KOVIResult result = kSuccess;
+    Format const* const from = formats.of(pathOf(job.input).c_str(), result);
+    if (!from)
+        return result;
+    Format const* const to = formats.of(pathOf(job.output).c_str(), result);
+    return to ? Conversion(job, *from, *to).run(entities) : result;
 }
 
 } // namespace
 
-KOVIResult translate(char const* input, char const* output, Settings const& settings) {
+KOVIResult translate(Formats& formats, Job const& job) {
     fire<KOVAStartConversionTaskEvent>();
     KOVAConvertedEntitiesInfo entities;
-    KOVIResult const result = guarded(input, [&] { return convert(input, output, settings, entities); });
+    KOVIResult const result = guarded(pathOf(job.input).c_str(), [&] { return convert(formats, job, entities); });
     fire<KOVAEndConversionTaskEvent>(entities, result);
     return result;
 }
 
-} // namespace translator
+} // namespace toolkit

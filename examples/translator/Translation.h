@@ -1,14 +1,32 @@
 #pragma once
 
+#include <vector>
+
 #include <kova/core/KOVIResult.h>
+#include <kova/model/KOVAAssemblyComponentTransform.h>
+#include <kova/public/KOVIFile.h>
+#include <kova/public/KOVIOptions.h>
+#include <kova/public/KOVIUnit.h>
 
-#include "Settings.h"
+#include "Formats.h"
 
-namespace translator {
+namespace toolkit {
 
-/// Translates a file: OBJ where its name ends in ".obj", else STL, to OBJ or STL by the name of `output`.
-/// Reports what was read and written as messages, and the tasks of the conversion as their events. A failure is
-/// reported as one error and leaves no output file behind.
-KOVIResult translate(char const* input, char const* output, Settings const& settings = {});
+/// What is to be translated, and how.
+struct Job {
+    KOVIFile input;           ///< by its path
+    KOVIFile output;          ///< likewise
+    KOVIOptions options = {}; ///< those that are not as by default
+    KOVIUnit fromUnit = {};   ///< of the input; unknown for what the file itself says
+    KOVIUnit toUnit = {};     ///< of the output; unknown for that of the input
+    /// Where the model is put, in units of the input: one instance for each, in this order. None for as it is.
+    std::vector<KOVAAssemblyComponentTransform> placements = {};
+    bool isSplit = false; ///< each part becomes a file of its own
+};
 
-} // namespace translator
+/// Translates a file to another, each of the format that the end of its name says. Reports what was read and written
+/// as messages, and the tasks of the conversion as their events. A failure is reported as one error and leaves every
+/// output file as it was. Ends early with Aborted, and in the same way, when KOVACallbackShared says so.
+KOVIResult translate(Formats& formats, Job const& job);
+
+} // namespace toolkit

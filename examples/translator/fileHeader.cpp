@@ -7,7 +7,7 @@
 
 #include "files.h"
 
-namespace translator {
+namespace toolkit {
 
 namespace {
 
@@ -45,4 +45,4 @@ KOVAFileHeader fileHeader(char const* name, long long size, ModelReader const& r
     return header;
 }
 
-} // namespace translator
+} // namespace toolkit

@@ -5,11 +5,11 @@
 #include <kova/diagnostics/KOVAEventBus.h>
 #include <kova/diagnostics/KOVATaskEvents.h>
 
-namespace translator {
+namespace toolkit {
 
 template <class Event, class... Arguments> void fire(Arguments&&... arguments) {
     Event event(std::forward<Arguments>(arguments)...);
     KOVAEventBus::Fire(event);
 }
 
-} // namespace translator
+} // namespace toolkit

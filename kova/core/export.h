@@ -1,7 +1,8 @@
 #pragma once
 
 /// KOVA_API marks what the shared library exports; everything else is hidden.
-/// The library's own build defines KOVA_BUILDING. KOVA_LOCAL marks what lies in an exported class and is
+/// The library's own build defines KOVA_BUILDING. KOVA_EXPORT marks what any other library exports, for those that
+/// are loaded on demand. KOVA_LOCAL marks what lies in an exported class and is
 /// hidden all the same.
 #if defined(_WIN32)
 #  if defined(KOVA_BUILDING)
@@ -9,9 +10,11 @@
 #  else
 #    define KOVA_API __declspec(dllimport)
 #  endif
+#  define KOVA_EXPORT __declspec(dllexport)
 #  define KOVA_LOCAL
 #else
 #  define KOVA_API __attribute__((visibility("default")))
+#  define KOVA_EXPORT KOVA_API
 #  define KOVA_LOCAL __attribute__((visibility("hidden")))
 #endif
 

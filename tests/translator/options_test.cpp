@@ -9,13 +9,14 @@
 
 namespace {
 
-using translator::OptionTable;
-using translator::Vertex;
+using toolkit::OptionTable;
+using toolkit::Vertex;
 
 constexpr char kDigitsVariable[] = "KOVA/XMesh/Export/Digits";
 
 class TranslatorOptions : public testing::Test {
 protected:
+    OptionTable table() { return {formats_, {formats_.of("x.stl")}}; }
     /// What a table shows, without the names, one line an option.
     Texts shown(OptionTable const& options) {
         events_.events.clear();
@@ -27,16 +28,19 @@ protected:
     /// Translates contents with options; returns the result's number.
     unsigned translate(std::string const& from, std::string const& contents, std::string const& to,
                        Texts const& assignments) {
-        OptionTable options;
+        OptionTable options = table();
         for (std::string const& assignment : assignments)
             EXPECT_TRUE(options.set(assignment).IsSuccess()) << assignment;
-        folder_.write(from, contents);
+        std::string const input = folder_.write(from, contents);
+        std::string const output = folder_.path(to);
+        toolkit::Job job{input.c_str(), output.c_str()};
+        job.options = options.handle();
         events_.events.clear();
-        return translator::translate(folder_.path(from).c_str(), folder_.path(to).c_str(), options.settings())
-            .GetReturnCode();
+        return toolkit::translate(formats_, job).GetReturnCode();
     }
 
     test::Folder folder_{"options"};
+    toolkit::Formats formats_;
     test::MessageRecorder events_;
 };
 
@@ -62,13 +66,14 @@ TEST_F(TranslatorOptions, LaterSourcesWin) {
     };
     for (auto const& row : rows) {
         test::Variable const variable(kDigitsVariable, row.variable);
-        OptionTable options;
+        OptionTable options = table();
         for (std::size_t i = 0; i < row.files.size(); ++i)
             EXPECT_TRUE(options.readFile(folder_.write(std::to_string(i), row.files[i]).c_str()).IsSuccess());
         for (std::string const& assignment : row.assignments) EXPECT_TRUE(options.set(assignment).IsSuccess());
         EXPECT_TRUE(options.readEnvironment().IsSuccess());
         EXPECT_EQ(shown(options)[1], row.shown);
-        EXPECT_EQ(options.settings().digits, row.digits);
+        KOVAOptions const given = options.given();
+        EXPECT_EQ(toolkit::wholeNumber(given, "/XMesh/Export/Digits"), row.digits);
     }
 }
 
@@ -102,20 +107,21 @@ TEST_F(TranslatorOptions, EveryMistakeOfAFileIsReportedAndNothingIsTaken) {
         errors.push_back("80 Error : options/bad: " + error + " (line " + std::to_string(2 * errors.size() + 1) +
                          ")\n");
     }
-    OptionTable options;
+    OptionTable options = table();
     EXPECT_EQ(options.readFile(folder_.write("bad", contents).c_str()).GetReturnCode(), 11U);
     EXPECT_EQ(events_.events, errors);
-    EXPECT_EQ(shown(options), (Texts{"Off   default", "0     default", "0     default", "keep  default"}));
+    EXPECT_EQ(shown(options), (Texts{"Off   default", "0     default", "keep  default", "0     default"}));
 }
 
 TEST_F(TranslatorOptions, OtherOptionsAreToldOff) {
     std::string const file = folder_.write("some", "/xgeneric/import/HEAL=On\n/STL/Export/Ascii=True\n[more]\nx=y\n");
-    OptionTable options;
+    OptionTable options = table();
     EXPECT_TRUE(options.readFile(file.c_str()).IsSuccess());
     EXPECT_THAT(events_.events, testing::UnorderedElementsAre(
                                     "70 Warning : options/some: '/xgeneric/import/HEAL' has no effect here (line 1)\n",
                                     "70 Warning : options/some: what stands behind a [section] is left out\n"));
-    EXPECT_TRUE(options.settings().ascii);
+    KOVAOptions const given = options.given();
+    EXPECT_TRUE(toolkit::isOn(given, "/STL/Export/Ascii"));
     for (char const* const assignment : {"", "=", "x", "x=", "=x"}) {
         events_.events.clear();
         EXPECT_EQ(options.set(assignment).GetReturnCode(), 11U);
@@ -141,7 +147,7 @@ TEST_F(TranslatorOptions, MistakesInTheEnvironment) {
     };
     for (auto const& row : rows) {
         test::Variable const variable(row.variable, row.value);
-        OptionTable options;
+        OptionTable options = table();
         events_.events.clear();
         EXPECT_EQ(options.readEnvironment().GetReturnCode(), row.error ? 11U : 0U) << row.value;
         EXPECT_EQ(events_.events.size(), 1U);
@@ -215,7 +221,7 @@ TEST_F(TranslatorOptions, FailsForATriangleWithoutArea) {
 TEST(VertexGrid, FindsTheEarliestWithinTheTolerance) {
     for (double const tolerance : {1e-300, 1e-45, 1e-3, 0.125, 2.0, 1e30, 1e300}) {
         for (int const scale : {-149, -4, 96}) {
-            translator::VertexGrid grid(tolerance);
+            toolkit::VertexGrid grid(tolerance);
             std::vector<Vertex> wanted;
             std::minstd_rand random;
             // Small whole numbers of a power of two: exact, whatever the processor's precision.

@@ -57,9 +57,11 @@ protected:
     /// the result's number.
     unsigned translate(std::string const& from, std::string const& to) {
         events_.events.clear();
-        translator::Settings settings;
-        settings.ascii = to.rfind("ascii", 0) == 0;
-        return translator::translate(folder.path(from).c_str(), folder.path(to).c_str(), settings).GetReturnCode();
+        std::string const input = folder.path(from);
+        std::string const output = folder.path(to);
+        toolkit::Job job{input.c_str(), output.c_str()};
+        job.options.Add("/STL/Export/Ascii", to.rfind("ascii", 0) == 0);
+        return toolkit::translate(formats_, job).GetReturnCode();
     }
     /// Translates contents to "out.obj".
     unsigned run(std::string const& contents, std::string const& name = "in.stl") {
@@ -91,6 +93,7 @@ protected:
     }
 
     test::Folder folder{"translations"};
+    toolkit::Formats formats_;
     test::MessageRecorder events_;
 };
 
@@ -99,6 +102,7 @@ TEST_F(Translator, WeldsExactlyEqualCorners) {
     EXPECT_EQ(output(), kSquareObj);
     EXPECT_EQ(events_.events, (Texts{"50 translations/in.stl: binary STL, 2 triangles, 4 vertices\n",
                                      "50 translations/in.stl: bounding box (0, 0, 0) to (1, 1.5, 0)\n",
+                                     "50 translations/in.stl: surface area 1.5, not closed, unit unknown\n",
                                      "50 translations/out.obj: OBJ, 2 faces, 4 vertices, 52 bytes\n"}));
     // A header that begins like ASCII changes nothing.
     EXPECT_EQ(run(binary("solid facet normal", kSquare)), 0U);
@@ -191,6 +195,7 @@ TEST_F(Translator, WritesStl) {
     EXPECT_EQ(folder.read("ascii.stl"), text);
     EXPECT_EQ(events_.events, (Texts{"50 translations/in.obj: OBJ, 3 faces, 3 triangles, 4 vertices\n",
                                      "50 translations/in.obj: bounding box (0, 0, -2.5) to (2, 2, 0)\n",
+                                     "50 translations/in.obj: surface area 4.5, not closed, unit unknown\n",
                                      "50 translations/ascii.stl: ASCII STL, 3 triangles, " +
                                          std::to_string(text.size()) + " bytes\n"}));
     // Parts go to OBJ and come back.
@@ -199,7 +204,7 @@ TEST_F(Translator, WritesStl) {
     EXPECT_EQ(translate("out.obj", "ascii.stl"), 0U);
     EXPECT_EQ(folder.read("ascii.stl"), text);
     EXPECT_EQ(translate("ascii.stl", "out.stl"), 0U);
-    EXPECT_EQ(events_.events[2], "50 translations/out.stl: binary STL, 3 triangles, 234 bytes\n");
+    EXPECT_EQ(events_.events[3], "50 translations/out.stl: binary STL, 3 triangles, 234 bytes\n");
     EXPECT_EQ(folder.read("out.stl").substr(134, 12), bytesOf(Corners{1, 0, 0}.data(), 12));
     EXPECT_EQ(events_.events[0], "50 translations/ascii.stl: ASCII STL, 3 triangles\n");
 
@@ -315,6 +320,7 @@ TEST_F(Translator, BadInputIsOneErrorAndNoOutput) {
 }
 
 TEST_F(Translator, FilesThatCannotBeOpened) {
+    std::filesystem::create_directory(folder.path("folder.stl"));
     struct {
         std::string input, output;
         unsigned number;
@@ -322,16 +328,16 @@ TEST_F(Translator, FilesThatCannotBeOpened) {
     } const rows[] = {
         {folder.path("100%% none%s.stl"), folder.path("out.obj"), 13,
          "translations/100%% none%s.stl: cannot be opened: "},
-        {"translations", folder.path("out.obj"), 14, "translations: cannot be opened: "},
+        {folder.path("folder.stl"), folder.path("out.obj"), 14, "translations/folder.stl: cannot be opened: "},
         {folder.write("in.stl", binary("", kSquare)), folder.path("no/out.obj"), 14,
          "translations/no/out.obj: cannot be created: "},
         {folder.path("in.stl"), folder.path("in.step"), 11,
-         "translations/in.step: not a format that can be written; name a file that ends in .obj or .stl"},
+         "translations/in.step: not a known format; name a file that ends in .obj or .stl"},
         {folder.path("in.stl"), "./translations\\in.stl", 11, "./translations\\in.stl: is the input too; name another"},
     };
     for (auto const& row : rows) {
         events_.events.clear();
-        EXPECT_EQ(translator::translate(row.input.c_str(), row.output.c_str()).GetReturnCode(), row.number);
+        EXPECT_EQ(toolkit::translate(formats_, {row.input.c_str(), row.output.c_str()}).GetReturnCode(), row.number);
         EXPECT_NE(events_.events.back().find("80 Error : " + row.error), std::string::npos) << events_.events.back();
         EXPECT_FALSE(folder.has("out.obj"));
     }
@@ -365,7 +371,7 @@ TEST_F(Translator, BinaryStlIsNotWrittenToAPipe) {
         char first = 0;
         EXPECT_EQ(read(reader, &first, 1), refused ? 0 : 1);
         EXPECT_EQ(refused, name[0] == 'p');
-        EXPECT_EQ(error().find("(--ascii) or OBJ instead") != std::string::npos, refused) << error();
+        EXPECT_EQ(error().find("/Ascii=On) or another format") != std::string::npos, refused) << error();
         close(reader);
     }
 }

@@ -1,0 +1,133 @@
+#include "StlWriter.h"
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <stdexcept>
+
+#include "numbers.h"
+#include "stlLayout.h"
+
+namespace toolkit {
+
+namespace {
+
+/// Of length 1, to the side from which the corners turn left; all zeros for a triangle without area.
+Vertex normal(Vertex const& a, Vertex const& b, Vertex const& c) noexcept {
+    auto const [x, y, z] = areaVector(a, b, c);
+    double const length = std::sqrt(x * x + y * y + z * z);
+    if (length == 0)
+        return {};
+    // What is added makes 0 of -0.
+    return {static_cast<float>(x / length) + 0.0F, static_cast<float>(y / length) + 0.0F,
+            static_cast<float>(z / length) + 0.0F};
+}
+
+char* putUnsigned(char* to, std::uint32_t value) noexcept {
+    for (int i = 0; i < 4; ++i)
+        *to++ = static_cast<char>(value >> 8 * i);
+    return to;
+}
+
+char* putCoordinates(char* to, Vertex const& v) noexcept {
+    for (float const coordinate : {v.x, v.y, v.z}) {
+        std::uint32_t bits;
+        std::memcpy(&bits, &coordinate, sizeof bits);
+        to = putUnsigned(to, bits);
+    }
+    return to;
+}
+
+} // namespace
+
+BinaryStlWriter::BinaryStlWriter(OutputFile& file, Settings const& settings)
+    : ModelWriter(settings.degenerate), file_(file), out_(file) {
+    // Readers take "solid" for the beginning of an ASCII file.
+    std::string header = "binary STL by kova-translate";
+    header.resize(kStlHeaderSize);
+    out_.write(header);
+}
+
+void BinaryStlWriter::write(Triangles const& triangles) {
+    for (std::size_t i = 0; i < triangles.size(); ++i)
+        writeTriangle(triangles.position(i, 0), triangles.position(i, 1), triangles.position(i, 2));
+}
+
+void BinaryStlWriter::writeTriangle(Vertex const& a, Vertex const& b, Vertex const& c) {
+    if (drops(a, b, c))
+        return;
+    if (written() > std::numeric_limits<std::uint32_t>::max())
+        throw std::length_error("more than 4294967295 triangles, which binary STL cannot count");
+    char* to = putCoordinates(out_.room(kStlFacetSize), normal(a, b, c));
+    to = putCoordinates(putCoordinates(putCoordinates(to, a), b), c);
+    *to++ = 0;
+    *to++ = 0;
+    out_.use(to);
+}
+
+void BinaryStlWriter::finish() {
+    out_.flush();
+    char count[4];
+    putUnsigned(count, static_cast<std::uint32_t>(written()));
+    file_.overwrite(kStlCountAt, {count, sizeof count});
+}
+
+std::string BinaryStlWriter::description() const {
+    return "binary STL, " + std::to_string(written()) + " triangles";
+}
+
+void AsciiStlWriter::writeLine(std::string_view word) {
+    out_.write(word);
+    if (!name_.empty())
+        out_.write(' ');
+    out_.write(name_);
+    out_.write('\n');
+}
+
+void AsciiStlWriter::endSolid() {
+    if (isOpen_)
+        writeLine("endsolid");
+    isOpen_ = false;
+}
+
+void AsciiStlWriter::begin(Part const& part, Material const* /*material*/) {
+    if (&part == part_)
+        return;
+    endSolid();
+    part_ = &part;
+    name_ = part.title();
+}
+
+void AsciiStlWriter::write(Triangles const& triangles) {
+    for (std::size_t i = 0; i < triangles.size(); ++i)
+        writeTriangle(triangles.position(i, 0), triangles.position(i, 1), triangles.position(i, 2));
+}
+
+void AsciiStlWriter::writeTriangle(Vertex const& a, Vertex const& b, Vertex const& c) {
+    if (drops(a, b, c))
+        return;
+    if (!isOpen_)
+        writeLine("solid");
+    isOpen_ = true;
+    char* to = putVertex(out_.room(kLongestRecord), "  facet normal", normal(a, b, c), digits_);
+    to = put(to, "    outer loop\n");
+    for (Vertex const* const corner : {&a, &b, &c})
+        to = putVertex(to, "      vertex", *corner, digits_);
+    out_.use(put(to, "    endloop\n  endfacet\n"));
+}
+
+void AsciiStlWriter::finish() {
+    if (written() == 0) {
+        name_.clear();
+        writeLine("solid");
+        isOpen_ = true;
+    }
+    endSolid();
+    out_.flush();
+}
+
+std::string AsciiStlWriter::description() const {
+    return "ASCII STL, " + std::to_string(written()) + " triangles";
+}
+
+} // namespace toolkit

@@ -1,0 +1,44 @@
+#include "Model.h"
+
+namespace toolkit {
+
+namespace {
+
+std::string nameOf(KOVASelectionSet const& group) {
+    KOVAString const name = group.GetName();
+    return name.length() > 0 ? std::string(static_cast<char const*>(name)) : std::string();
+}
+
+} // namespace
+
+std::string Part::title() const {
+    if (!name.empty())
+        return name;
+    std::string names;
+    for (KOVASelectionSet const* const group : groups)
+        names += (names.empty() ? "" : " ") + nameOf(*group);
+    return names;
+}
+
+Part& Scene::addPart(std::string_view name, std::vector<std::string> const& groups) {
+    Part& part = parts_.emplace_back(Part{std::string(name), static_cast<int>(parts_.size())});
+    for (std::string const& each : groups) {
+        KOVASelectionSet*& set = groupsByName_[each];
+        if (!set)
+            set = &groups_.emplace_back(KOVAString(each.c_str()), false);
+        set->AddMember(&part);
+        part.groups.push_back(set);
+    }
+    return part;
+}
+
+Part& Scene::addInstance(Part const& part, std::size_t number) {
+    std::string const title = part.title();
+    return addPart((title.empty() ? "" : title + " ") + "#" + std::to_string(number));
+}
+
+Material& Scene::addMaterial(std::string_view name) {
+    return materials_.emplace_back(Material{std::string(name), {}});
+}
+
+} // namespace toolkit

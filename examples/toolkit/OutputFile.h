@@ -1,0 +1,55 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include <kova/stream/KOVAFileDescriptor.h>
+#include <kova/stream/KOVAOutputStream.h>
+
+#include "files.h"
+
+namespace toolkit {
+
+/// A new binary file. It is written under a name of its own in the same folder and takes the place of an older file
+/// only when it is kept; otherwise nothing has happened. (Of the file itself where the name is a link to it. Pipes
+/// and devices are written as they are.) It counts what the system takes, and is silent about what it refuses.
+class OutputFile : public KOVAOutputStream {
+public:
+    explicit OutputFile(std::string name);
+    OutputFile(OutputFile const&) = delete;
+    OutputFile& operator=(OutputFile const&) = delete;
+    ~OutputFile() override;
+
+    char const* name() const noexcept { return name_.c_str(); }
+    /// Whether it could be created; if not, errno tells why.
+    bool isOpen() const noexcept { return file_ != nullptr; }
+    /// Not so for a pipe.
+    bool canBePositioned() const { return descriptor_->offset(0) != -1; }
+
+    void write(char const* const buffer, int count) override;
+    /// Replaces bytes that were written.
+    void overwrite(long at, std::string_view bytes);
+    void flush() override {}
+    void close() override {}
+    /// Closes the file; false when not all that was written reached it. Nothing may be written any more.
+    bool complete();
+    /// Lets a complete file take its place, once; false when that is refused.
+    bool keep();
+    /// Bytes that the system took.
+    long long size() const noexcept { return size_; }
+
+private:
+    void open();
+
+    std::string name_;
+    std::filesystem::path target_;  ///< empty for what is no file
+    std::filesystem::path written_; ///< where the bytes are until they are kept
+    File file_;
+    KOVAFileDescriptorHandle descriptor_;
+    long long size_ = 0;
+    bool isSound_ = true;      ///< the system took all so far
+    bool isRemovedAtEnd_ = false;
+};
+
+} // namespace toolkit

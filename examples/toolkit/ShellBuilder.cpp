@@ -1,0 +1,53 @@
+#include "ShellBuilder.h"
+
+#include <numeric>
+
+namespace toolkit {
+
+ShellBuilder::ShellBuilder(ModelSink& sink) : sink_(sink), points_(9 * kMostTriangles), faces_(3 * kMostTriangles) {}
+
+void ShellBuilder::begin(Part& part, Material const* material) {
+    if (&part == part_ && material == material_)
+        return;
+    flush();
+    part_ = &part;
+    material_ = material;
+}
+
+void ShellBuilder::makeRoom(bool normals, bool colors) {
+    unsigned const extras = (normals ? kNormals : 0) | (colors ? kColors : 0);
+    if (triangles_ == kMostTriangles || extras != extras_)
+        flush();
+    extras_ = extras;
+    if (normals)
+        normals_.resize(points_.size());
+    if (colors)
+        colors_.resize(points_.size());
+}
+
+void ShellBuilder::triangle(Vertex const (&corners)[3], Vertex const* normals, Vertex const* colors) {
+    makeRoom(normals != nullptr, colors != nullptr);
+    put(points_, corners[0], corners[1], corners[2]);
+    if (normals)
+        put(normals_, normals[0], normals[1], normals[2]);
+    if (colors)
+        put(colors_, colors[0], colors[1], colors[2]);
+    ++triangles_;
+}
+
+void ShellBuilder::flush() {
+    if (triangles_ == 0)
+        return;
+    if (!part_)
+        part_ = &sink_.scene().addPart({});
+    int const corners = static_cast<int>(3 * triangles_);
+    // No two corners share a point: who wants shared ones welds them.
+    std::iota(faces_.begin(), faces_.begin() + corners, 0);
+    KOVASurfacicShell shell(part_->key, 0, pass_++);
+    shell.SetData(corners, points_.data(), (extras_ & kNormals) != 0 ? corners : 0, normals_.data(), corners,
+                  faces_.data(), (extras_ & kColors) != 0 ? corners : 0, colors_.data());
+    triangles_ = 0;
+    sink_.add({*part_, material_, shell});
+}
+
+} // namespace toolkit

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+
+#include <kova/model/KOVASurfacicShell.h>
+
+#include "geometry.h"
+
+namespace toolkit {
+
+/// The triangles of a shell.
+class Triangles {
+public:
+    explicit Triangles(KOVASurfacicShell const& shell) {
+        int points = 0;
+        shell.GetPoints(points, points_);
+        int count = 0;
+        shell.GetFaces(count, faces_);
+        size_ = static_cast<std::size_t>(count) / 3;
+        int normals = 0;
+        shell.GetNormals(normals, normals_);
+        int colors = 0;
+        shell.GetColors(colors, colors_);
+        if (normals == 0)
+            normals_ = nullptr;
+        if (colors == 0)
+            colors_ = nullptr;
+    }
+
+    std::size_t size() const noexcept { return size_; }
+    bool hasNormals() const noexcept { return normals_ != nullptr; }
+    bool hasColors() const noexcept { return colors_ != nullptr; }
+
+    // Of a triangle's corner, 0 to 2.
+    Vertex position(std::size_t triangle, int corner) const noexcept { return at(points_, triangle, corner); }
+    Vertex normal(std::size_t triangle, int corner) const noexcept { return at(normals_, triangle, corner); }
+    Vertex color(std::size_t triangle, int corner) const noexcept { return at(colors_, triangle, corner); }
+
+private:
+    Vertex at(float const* values, std::size_t triangle, int corner) const noexcept {
+        float const* const v =
+            values + std::size_t{3} * static_cast<std::size_t>(faces_[3 * triangle + static_cast<std::size_t>(corner)]);
+        return {v[0], v[1], v[2]};
+    }
+
+    std::size_t size_ = 0;
+    float* points_ = nullptr;
+    int* faces_ = nullptr;
+    float* normals_ = nullptr;
+    float* colors_ = nullptr;
+};
+
+} // namespace toolkit

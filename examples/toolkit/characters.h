@@ -1,0 +1,35 @@
+#pragma once
+
+#include <algorithm>
+#include <string_view>
+
+namespace toolkit {
+
+/// The characters of text files, the same in every locale; what is not ASCII is some encoding's letter.
+inline bool isSpace(char c) noexcept {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+inline bool isPrintable(char c) noexcept {
+    return static_cast<unsigned char>(c) >= 0x20 && c != 0x7F;
+}
+
+inline bool isText(std::string_view bytes) noexcept {
+    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return isSpace(c) || isPrintable(c); });
+}
+
+/// `wanted` is made of small letters.
+inline bool equalsIgnoringCase(std::string_view text, std::string_view wanted) noexcept {
+    return text.size() == wanted.size() &&
+           std::equal(text.begin(), text.end(), wanted.begin(), [](char a, char b) { return (a | 0x20) == b; });
+}
+
+inline std::string_view trimmed(std::string_view text) noexcept {
+    while (!text.empty() && isSpace(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isSpace(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+} // namespace toolkit

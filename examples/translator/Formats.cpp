@@ -1,0 +1,119 @@
+#include "Formats.h"
+
+#include <cstring>
+
+#include <kova/options/KOVAOptionName.h>
+#include <kova/system/KOVAFilePath.h>
+#include <kova/system/KOVALibraryManager.h>
+
+#include "report.h"
+
+namespace toolkit {
+
+namespace {
+
+/// In small letters.
+std::string extensionOf(char const* file) {
+    KOVAString const extension = KOVAFilePath(file).GetLastExtension().toLowerCase();
+    return extension.length() > 0 ? std::string(static_cast<char const*>(extension)) : std::string();
+}
+
+/// The library is loaded, and not initialised: none of its functions is called before its version is known.
+KOVIResult checkVersion(std::string const& name) {
+    KOVALibrary library(name.c_str(), "", "");
+    void* data = nullptr;
+    if (library.GetFunction(kInterfaceName, data).IsFailure())
+        return kInvalidComponent;
+    auto const version = static_cast<FormatInterface const*>(data)->version;
+    if (version != kInterfaceVersion)
+        return fail(kInvalidComponent, name.c_str(), kNowhere,
+                    "made for version %lu of the interface to formats; this program has version %lu",
+                    static_cast<unsigned long>(version), static_cast<unsigned long>(kInterfaceVersion));
+    return kSuccess;
+}
+
+} // namespace
+
+Formats::Formats() {
+    KOVADynamicArray<KOVAString> libraries;
+    KOVALibraryManager::FindLibraries(kLibraryPrefix, libraries);
+    for (int i = 0; i < libraries.size(); ++i) {
+        std::string const name = static_cast<char const*>(libraries[i]);
+        byExtension_[name.substr(std::strlen(kLibraryPrefix))];
+    }
+}
+
+Formats::~Formats() {
+    byExtension_.clear();
+    KOVALibraryManager::FreeLibraries();
+}
+
+/// Whose names end in what: ".obj, .ply or .stl".
+std::string Formats::known() const {
+    std::string text;
+    std::size_t left = byExtension_.size();
+    for (auto const& [extension, entry] : byExtension_) {
+        text += "." + extension;
+        --left;
+        text += left > 1 ? ", " : left == 1 ? " or " : "";
+    }
+    return text;
+}
+
+KOVIResult Formats::load(std::string const& extension, Entry& entry) {
+    std::string const name = kLibraryPrefix + extension;
+    KOVIResult result = checkVersion(name);
+    if (result.IsFailure())
+        return result;
+    KOVALibrary* library = nullptr;
+    result = KOVALibraryManager::CreateLibrary(name.c_str(), kInitializeName, kFinalizeName, library);
+    void* function = nullptr;
+    if (result.IsSuccess())
+        result = library->GetFunction(kFormatName, function);
+    if (result.IsFailure())
+        return kInvalidComponent;
+    entry.library = KOVALibraryHandle(library);
+    entry.format = reinterpret_cast<FormatFunction>(function)();
+    if (!entry.format)
+        return fail(kInvalidComponent, name.c_str(), kNowhere, "it is not ready");
+    for (OptionDescription const& option : entry.format->options())
+        KOVAOptionName(KOVAString(option.name));
+    return kSuccess;
+}
+
+Format const* Formats::of(char const* file) {
+    auto const found = byExtension_.find(extensionOf(file));
+    if (found == byExtension_.end())
+        return nullptr;
+    Entry& entry = found->second;
+    if (entry.result.IsUndetermined())
+        entry.result = load(found->first, entry);
+    return entry.result.IsSuccess() ? entry.format : nullptr;
+}
+
+Format const* Formats::of(char const* file, KOVIResult& result) {
+    auto const found = byExtension_.find(extensionOf(file));
+    if (Format const* const format = of(file)) {
+        result = kSuccess;
+        return format;
+    }
+    if (found != byExtension_.end())
+        result = found->second.result;
+    else if (byExtension_.empty())
+        result = fail(kInvalidComponent, file, kNowhere, "no format library stands beside the program");
+    else
+        result =
+            fail(kInvalidArgument, file, kNowhere, "not a known format; name a file that ends in %s", known().c_str());
+    return nullptr;
+}
+
+std::vector<Format const*> Formats::all() {
+    std::vector<Format const*> formats;
+    for (auto const& [extension, entry] : byExtension_) {
+        if (Format const* const format = of(("." + extension).c_str()))
+            formats.push_back(format);
+    }
+    return formats;
+}
+
+} // namespace toolkit

@@ -1,0 +1,22 @@
+#include "units.h"
+
+#include <kova/text/KOVAString.h>
+
+namespace toolkit {
+
+KOVAUnit unitOf(KOVIUnit const& unit) {
+    return static_cast<KOVAUnit>(static_cast<KOVIUnitValue>(unit));
+}
+
+bool isLength(KOVAUnit unit) {
+    double metres = 0;
+    return GetUnitScaleFactor(unit, metres).IsSuccess();
+}
+
+std::string unitName(KOVAUnit unit) {
+    KOVAString name;
+    GetUnitName(unit, name);
+    return static_cast<char const*>(name.toLowerCase());
+}
+
+} // namespace toolkit
