@@ -48,7 +48,7 @@ private:
     File file_;
     KOVAFileDescriptorHandle descriptor_;
     long long size_ = 0;
-    bool isSound_ = true;      ///< the system took all so far
+    bool isSound_ = true; ///< the system took all so far
     bool isRemovedAtEnd_ = false;
 };
 
