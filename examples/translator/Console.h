@@ -1,13 +1,20 @@
 #pragma once
 
+#include <filesystem>
+#include <system_error>
+
 #include <kova/diagnostics/KOVAConsoleLogger.h>
-#include <kova/diagnostics/KOVAEvent.h>
+#include <kova/diagnostics/KOVATaskEvents.h>
 #include <kova/system/KOVAEnvironment.h>
+
+#include "ProgressBar.h"
+#include "files.h"
+#include "report.h"
 
 namespace toolkit {
 
-/// The library's console while it lives. It is brief, messages without the reports of the tasks, until somebody
-/// names a level: setLevel, or the environment variable that the library reads.
+/// The library's console while it lives, and a progress bar below it. It is brief, messages without the reports of
+/// the tasks, until somebody names a level: setLevel, or the environment variable that the library reads.
 class Console : public KOVAConsoleLogger {
 public:
     Console() {
@@ -17,18 +24,34 @@ public:
     }
 
     void HandleEvent(KOVAEvent& event) override {
-        // Of all events, those of tasks are timed.
-        if (!isBrief_ || !event.IsTimed())
+        if (auto const* const progress = dynamic_cast<KOVAThirdPartyProgressEvent*>(&event)) {
+            bar_.show(progress->GetProgress());
+        } else if (!isBrief_ || isForBriefOnes(event)) {
+            bar_.erase();
             KOVAConsoleLogger::HandleEvent(event);
+        }
     }
     void setLevel(KOVAEventLevel level) {
         isBrief_ = false;
         Finalize();
         Initialize(level);
     }
+    /// Of the file that is read next.
+    void setInputSize(char const* name) {
+        std::error_code error;
+        auto const size = std::filesystem::file_size(systemPath(name), error);
+        bar_.begin(error ? 0 : static_cast<double>(size));
+    }
 
 private:
+    /// Of all events, those of tasks are timed. That somebody ended the program is news that only such a one brings.
+    static bool isForBriefOnes(KOVAEvent& event) {
+        auto const* const end = dynamic_cast<KOVAEndProductEvent*>(&event);
+        return !event.IsTimed() || (end && end->getTaskResult() == long{kAborted});
+    }
+
     bool isBrief_ = true;
+    ProgressBar bar_;
 };
 
 } // namespace toolkit

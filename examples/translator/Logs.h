@@ -4,10 +4,20 @@
 
 #include <kova/diagnostics/KOVAJsonLogger.h>
 #include <kova/diagnostics/KOVALogger.h>
+#include <kova/diagnostics/KOVATaskEvents.h>
 
 #include "files.h"
 
 namespace toolkit {
+
+/// A logger that leaves out how far a translation has come: that is for who waits.
+template <class Logger> class WithoutProgress : public Logger {
+public:
+    void HandleEvent(KOVAEvent& event) override {
+        if (!dynamic_cast<KOVAThirdPartyProgressEvent*>(&event))
+            Logger::HandleEvent(event);
+    }
+};
 
 /// The log files of a run, written while this lives, at the level that the environment names.
 class Logs {
@@ -22,8 +32,8 @@ private:
     // The files outlive the loggers.
     File textFile_;
     File jsonFile_;
-    KOVALogger text_;
-    KOVAJsonLogger json_;
+    WithoutProgress<KOVALogger> text_;
+    WithoutProgress<KOVAJsonLogger> json_;
 };
 
 } // namespace toolkit

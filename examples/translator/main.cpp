@@ -57,7 +57,7 @@ KOVIResult readOptions(CommandLine const& line, toolkit::OptionTable& options) {
 }
 
 /// Everything between the program's start and end that a log shows.
-KOVIResult runProduct(CommandLine const& line, Formats& formats) {
+KOVIResult runProduct(CommandLine const& line, Formats& formats, toolkit::Console& console) {
     toolkit::OptionTable options(formats, formatsOf(line, formats));
     KOVIResult const result = readOptions(line, options);
     KOVAOptions given = options.given();
@@ -77,6 +77,7 @@ KOVIResult runProduct(CommandLine const& line, Formats& formats) {
     job.toUnit = line.toUnit;
     job.placements = line.placements;
     job.isSplit = line.isSplit;
+    console.setInputSize(line.names[0]);
     return toolkit::translate(formats, job);
 }
 
@@ -94,7 +95,7 @@ KOVIResult run(CommandLine const& line, Formats& formats, toolkit::Console& cons
         KOVATimingLogger::_timing.Initialize();
     KOVATimingLogger::SetUp();
     fire<KOVAStartProductEvent>("KOVA", kProgram);
-    result = runProduct(line, formats);
+    result = runProduct(line, formats, console);
     fire<KOVAEndProductEvent>(result);
     KOVATimingLogger::Stop();
     return result;
@@ -123,8 +124,11 @@ KOVIResult run(std::vector<char const*> const& arguments, toolkit::Console& cons
 int main(int argc, char** argv) {
     // File names are in the user's encoding; numbers stay in the "C" locale.
     std::setlocale(LC_CTYPE, "");
-    std::signal(SIGINT, abortTranslation);
-    std::signal(SIGTERM, abortTranslation);
+    for (int const signal : {SIGINT, SIGTERM}) {
+        // Whoever started the program may want it to ignore the signal.
+        if (std::signal(signal, abortTranslation) == SIG_IGN)
+            std::signal(signal, SIG_IGN);
+    }
     toolkit::Console console;
     return static_cast<int>(run({argv + 1, argv + argc}, console).GetReturnCode());
 }

@@ -6,6 +6,7 @@
 #include <kova/diagnostics/KOVAEvent.h>
 #include <kova/diagnostics/KOVATimingLogger.h>
 #include <kova/diagnostics/log_stream.h>
+#include <kova/platform/terminal.h>
 #include <kova/system/KOVAEnvironment.h>
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVAConsoleLogger) == 20);
@@ -69,6 +70,10 @@ void KOVAConsoleLogger::Finalize() {
     delete errors_;
     out_ = nullptr;
     errors_ = nullptr;
+}
+
+bool KOVAConsoleLogger::IsTerminal() noexcept {
+    return kova::detail::showsColour(2);
 }
 
 void KOVAConsoleLogger::SetUp(KOVAEventLevel level) {

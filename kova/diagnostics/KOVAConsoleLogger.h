@@ -31,6 +31,9 @@ public:
     static void SetUp(KOVAEventLevel level);
     static void SetUp(int level) { SetUp(static_cast<KOVAEventLevel>(level)); }
 
+    /// Standard error is a terminal, and one that can erase what was written: the place for a progress bar.
+    static bool IsTerminal() noexcept;
+
     static KOVAConsoleLogger _console;
 
 protected:
