@@ -30,7 +30,8 @@ void KOVIObject::SetData(void* body) {
     // The new body first: the old one may be what keeps it.
     KOVIObjectImpl* const released = KOVIObjectImpl::Cast(body_);
     body_ = body;
-    Ref();
+    if (body)
+        Ref();
     if (released && released->Unref() < 1)
         delete released;
 }
