@@ -48,7 +48,7 @@ int KOVIObject::Unref() {
 
 int KOVIObjectImpl::_objectCounter = 0;
 
-KOVIObjectImpl::KOVIObjectImpl(char const* tag) : count_(0) {
+KOVIObjectImpl::KOVIObjectImpl(char const* tag) {
     if (!tag)
         return;
     // Behind the last number come the negative ones, which are as good.
