@@ -65,8 +65,10 @@ TEST(PublicObject, BodiesAreNumbered) {
     Texts const names = {debugName(KOVIValue(1)), debugName(KOVIOptions()), debugName(KOVIUnit()),
                          debugName(KOVIFile("x")), debugName(KOVIName("y"))};
     int number = before;
-    for (char const* tag : {"KOVIValue", "KOVIOptions", "KOVIUnit", "KOVIFile", "KOVIName"})
-        EXPECT_EQ(names[std::size_t(number++ - before)], tag + ("[" + std::to_string(number) + "]"));
+    for (char const* tag : {"KOVIValue", "KOVIOptions", "KOVIUnit", "KOVIFile", "KOVIName"}) {
+        std::string const& name = names[std::size_t(number - before)];
+        EXPECT_EQ(name, tag + ("[" + std::to_string(++number) + "]"));
+    }
     KOVIObjectImpl untagged;
     EXPECT_TRUE(KOVIObjectImpl::_objectCounter == number && !untagged.GetName());
     KOVAString name("mine");
