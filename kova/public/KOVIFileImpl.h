@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <utility>
 
 #include <kova/core/KOVIResult.h>
 #include <kova/core/export.h>
@@ -11,10 +12,10 @@
 /// The body of a file.
 class KOVA_API KOVIFileImpl : public KOVIObjectImpl {
 public:
-    KOVIFileImpl(char const* tag, KOVAString const& path) : KOVIObjectImpl(tag), path_(path) {}
+    KOVIFileImpl(char const* tag, KOVAString path) : KOVIObjectImpl(tag), path_(std::move(path)) {}
     KOVIFileImpl(char const* tag, int descriptor) : KOVIObjectImpl(tag), descriptor_(descriptor) {}
-    KOVIFileImpl(char const* tag, std::FILE* stream, KOVAString const& name)
-        : KOVIObjectImpl(tag), path_(name), stream_(stream) {}
+    KOVIFileImpl(char const* tag, std::FILE* stream, KOVAString name)
+        : KOVIObjectImpl(tag), path_(std::move(name)), stream_(stream) {}
     ~KOVIFileImpl() override;
 
     /// GetPath has something to give.

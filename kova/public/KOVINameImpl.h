@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include <kova/core/KOVIResult.h>
 #include <kova/core/export.h>
 #include <kova/public/KOVIObjectImpl.h>
@@ -8,7 +10,7 @@
 /// The body of a name.
 class KOVA_API KOVINameImpl : public KOVIObjectImpl {
 public:
-    KOVINameImpl(char const* tag, KOVAString const& name) : KOVIObjectImpl(tag), name_(name) {}
+    KOVINameImpl(char const* tag, KOVAString name) : KOVIObjectImpl(tag), name_(std::move(name)) {}
     ~KOVINameImpl() override;
 
     /// The name itself, in contrast to KOVIObjectImpl's. Always Success. Hazard: all handles of the body see a

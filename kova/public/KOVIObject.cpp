@@ -30,7 +30,8 @@ void KOVIObject::SetData(void* body) {
     // The new body first: the old one may be what keeps it.
     KOVIObjectImpl* const released = KOVIObjectImpl::Cast(body_);
     body_ = body;
-    Ref();
+    if (body)
+        Ref();
     if (released && released->Unref() < 1)
         delete released;
 }
@@ -47,7 +48,7 @@ int KOVIObject::Unref() {
 
 int KOVIObjectImpl::_objectCounter = 0;
 
-KOVIObjectImpl::KOVIObjectImpl(char const* tag) : count_(0) {
+KOVIObjectImpl::KOVIObjectImpl(char const* tag) {
     if (!tag)
         return;
     // Behind the last number come the negative ones, which are as good.

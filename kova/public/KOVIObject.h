@@ -20,7 +20,7 @@ public:
     void* GetData() const { return body_ ? body_ : constantBody(); }
 
 protected:
-    constexpr explicit KOVIObject(char const* const tag) noexcept : tag_(tag), body_(nullptr) {}
+    constexpr explicit KOVIObject(char const* const tag) noexcept : tag_(tag) {}
     KOVIObject(KOVIObject const& other);
     KOVIObject& operator=(KOVIObject const& other);
     virtual ~KOVIObject();
@@ -33,5 +33,5 @@ private:
     void* constantBody() const;
 
     char const* tag_;
-    mutable void* body_; ///< of a constant, null until it is asked for
+    mutable void* body_ = nullptr; ///< of a constant, null until it is asked for
 };

@@ -30,6 +30,6 @@ public:
     static int _objectCounter;
 
 private:
-    std::int32_t count_;
+    std::int32_t count_ = 0;
     KOVAString name_;
 };

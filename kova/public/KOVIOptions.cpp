@@ -106,7 +106,9 @@ KOVIResult KOVIOptionsImpl::GetOptionAt(int index, KOVAString& name, KOVAValue& 
     KOVAOption* option = nullptr;
     while (next_ <= index && options_.GetNext(option).IsSuccess())
         ++next_;
-    KOVIResult const result = option ? option->GetName(name) : kInvalidArgument;
+    if (!option)
+        return kInvalidArgument;
+    KOVIResult const result = option->GetName(name);
     return result.IsFailure() ? result : option->GetValue(value);
 }
 

@@ -14,6 +14,10 @@ template <class Handle> Handle withoutBody() {
     return handle;
 }
 
+template <class Body> Body* bodyOf(KOVIObject const& handle) {
+    return static_cast<Body*>(KOVIObjectImpl::Cast(handle.GetData()));
+}
+
 TEST(PublicValue, IsReadAsAnyKind) {
     struct {
         KOVIValue value;
@@ -53,7 +57,7 @@ TEST(PublicUnit, IsKnownByNumberAndByText) {
         std::string mixed = name;
         for (std::size_t k = 0; k < mixed.size(); k += 2) mixed[k] = char(std::toupper(mixed[k]));
         KOVAUnit inside = KOVAUnit(99);
-        static_cast<KOVIUnitImpl*>(KOVIObjectImpl::Cast(unit.GetData()))->GetUnit(inside);
+        bodyOf<KOVIUnitImpl>(unit)->GetUnit(inside);
         EXPECT_TRUE(KOVIUnit(name.c_str()) == KOVIUnitValue(i) && KOVIUnit(mixed.c_str()) == KOVIUnitValue(i) &&
                     inside == i && (shortName == "-" || KOVIUnit(shortName.c_str()) == KOVIUnitValue(i)))
             << name;
@@ -64,7 +68,7 @@ TEST(PublicUnit, IsKnownByNumberAndByText) {
     KOVIUnit unit;
     EXPECT_TRUE(unit.IsValid() && unit == KOVI_UNIT_UNKNOWN);
     unit = KOVI_UNIT_FOOT;
-    KOVIUnitImpl* const body = static_cast<KOVIUnitImpl*>(KOVIObjectImpl::Cast(unit.GetData()));
+    KOVIUnitImpl* const body = bodyOf<KOVIUnitImpl>(unit);
     EXPECT_TRUE(body->SetUnit(KOVAUnit(14)) == kError && unit == KOVI_UNIT_FOOT);
     EXPECT_TRUE(body->SetUnit(KOVA_UNIT_KM) == 0 && unit == KOVI_UNIT_KM);
 }
@@ -95,7 +99,7 @@ TEST(PublicOptions, AreAddedAndListed) {
     EXPECT_EQ(shared.Add("b.y", 1) + shared.Add(KOVIOptionName::Healing, 0), 0);
     EXPECT_EQ(all(options), "b.x=2.500000;Healing=0;PublicTest.on/Late=text;b.y=1;");
     KOVAOptions const* inside = nullptr;
-    static_cast<KOVIOptionsImpl*>(KOVIObjectImpl::Cast(options.GetData()))->GetOptions(inside);
+    bodyOf<KOVIOptionsImpl>(options)->GetOptions(inside);
     KOVAOption* healing = nullptr;
     bool isDefault = false, isPrivate = true;
     EXPECT_TRUE(inside->Size() == options.GetOptionsCount() && inside->GetOption("Healing", healing).IsSuccess());
@@ -153,7 +157,7 @@ TEST(PublicFile, IsAPathADescriptorOrAStream) {
         KOVIOptions options;
         EXPECT_EQ(options.Load(row.file), 0);
         EXPECT_EQ(all(options), "one=1;two=True;");
-        KOVIFileImpl* const body = static_cast<KOVIFileImpl*>(KOVIObjectImpl::Cast(row.file.GetData()));
+        KOVIFileImpl* const body = bodyOf<KOVIFileImpl>(row.file);
         KOVAString name;
         std::FILE* file = nullptr;
         EXPECT_TRUE(body->GetPath(name) == (row.path.empty() ? kFailure : 0) && body->HasPath() == !row.path.empty() &&
