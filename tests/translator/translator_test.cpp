@@ -1,9 +1,15 @@
 #include "Translation.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <map>
+#include <sstream>
 
+#include <kova/model/KOVACallbackShared.h>
+
+#include "Placement.h"
 #include "support/test.h"
 
 #ifndef _WIN32
@@ -342,6 +348,115 @@ TEST_F(Translator, FilesThatCannotBeOpened) {
         EXPECT_FALSE(folder.has("out.obj"));
     }
     EXPECT_EQ(folder.read("in.stl").size(), 184U);
+}
+
+int callsLeft = 0; ///< of the abort callback before it says so
+
+TEST_F(Translator, UnitsAndPlacements) {
+    // A corner of a cube: three triangles.
+    std::string const corner = "# units = inch\nv 0 0 0\nv 1 0 0\nv 0 1 0\nv 0 0 1\nf 1 3 2\nf 1 2 4\nf 1 4 3\n";
+    struct {
+        char const *from, *to;
+        Texts placements;
+        std::string vertices, unit;
+    } const rows[] = {
+        {"unknown", "unknown", {}, "0 0 0,0 1 0,1 0 0,0 0 1", "unit inch"},
+        {"unknown", "MM", {}, "0 0 0,0 25.4 0,25.4 0 0,0 0 25.4", "unit inch, scaled by 25.4 to millimeter"},
+        {"ft", "in", {}, "0 0 0,0 12 0,12 0 0,0 0 12", "unit foot, scaled by 12 to inch"},
+        {"cm", "unknown", {}, "0 0 0,0 1 0,1 0 0,0 0 1", "unit centimeter"},
+        {"meter", "meter", {"rotate 0 0 2 90"}, "0 0 0,-1 0 0,0 1 0,0 0 1", "unit meter"},
+        {"meter",
+         "km",
+         {"rotate 0 0 -1, 450"},
+         "0 0 0,0.001 0 0,0 -0.001 0,0 0 0.001",
+         "unit meter, scaled by 0.001 to km"},
+        {"meter",
+         "cm",
+         {"1 0 0 5 0 1 0 6 0 0 1 7"},
+         "500 600 700,500 700 700,600 600 700,500 600 800",
+         "unit meter, scaled by 100 to centimeter"},
+        // A mirror turns the triangles.
+        {"mm", "mm", {"-1 0 0 0 0 1 0 0 0 0 1 0"}, "0 0 0,-1 0 0,0 1 0,0 0 1", "unit millimeter"},
+        {"mm",
+         "mm",
+         {"1 0 0 0 0 1 0 0 0 0 1 0", "rotate 1 0 0 180"},
+         "0 0 0,0 1 0,1 0 0,0 0 1,0 -1 0,0 0 -1",
+         "unit millimeter"},
+    };
+    for (auto const& row : rows) {
+        std::string const input = folder.write("in.obj", corner);
+        std::string const output = folder.path("out.obj");
+        toolkit::Job job{input.c_str(), output.c_str()};
+        job.fromUnit = row.from;
+        job.toUnit = row.to;
+        for (std::string const& text : row.placements)
+            EXPECT_TRUE(toolkit::readPlacement(text, job.placements.emplace_back()));
+        events_.events.clear();
+        EXPECT_EQ(toolkit::translate(formats_, job).GetReturnCode(), 0U);
+        std::string vertices;
+        std::istringstream lines(this->output());
+        for (std::string line; std::getline(lines, line);) {
+            if (line[0] == 'v') vertices += (vertices.empty() ? "" : ",") + line.substr(2);
+        }
+        EXPECT_EQ(vertices, row.vertices);
+        EXPECT_NE(events_.events[2].find(", " + row.unit + "\n"), std::string::npos) << events_.events[2];
+    }
+    for (char const* const text : {"", "1 2 3", "rotate 0 0 0 90", "rotate 1 0 0", "1 0 0 0 0 1 0 0 0 0 0 0",
+                                   "1 0 0 x 0 1 0 0 0 0 1 0", "rotate 1 0 0 nan"}) {
+        KOVAAssemblyComponentTransform placement;
+        EXPECT_FALSE(toolkit::readPlacement(text, placement)) << text;
+    }
+    folder.write("in.obj", "v 1e38 0 0\nv 0 1 0\nv 0 0 1\nf 1 2 3\n");
+    toolkit::Job job{"translations/in.obj", "translations/none.obj"};
+    job.fromUnit = "km";
+    job.toUnit = "mm";
+    EXPECT_EQ(toolkit::translate(formats_, job).GetReturnCode(), 17U);
+    EXPECT_FALSE(folder.has("none.obj"));
+}
+
+TEST_F(Translator, SplitsIntoParts) {
+    folder.write("in.obj",
+                 "v 0 0 0\nv 1 0 0\nv 0 1 0\no a/b\nf 1 2 3\no c\nf 1 2 3\nf 2 3 1\no a/b\nf 3 1 2\no a?b\nf 3 2 1\n");
+    toolkit::Job job{"translations/in.obj", "translations/out.obj"};
+    job.isSplit = true;
+    job.placements.resize(2);
+    EXPECT_EQ(toolkit::translate(formats_, job).GetReturnCode(), 0U);
+    std::map<std::string, int> faces;
+    for (auto const& entry : std::filesystem::directory_iterator("translations")) {
+        std::string const text = folder.read(entry.path().filename().string());
+        faces[entry.path().filename().string()] = static_cast<int>(std::count(text.begin(), text.end(), 'f'));
+    }
+    EXPECT_EQ(faces, (std::map<std::string, int>{{"in.obj", 5},
+                                                 {"out-a_b.obj", 2},
+                                                 {"out-c.obj", 2},
+                                                 {"out-a_b-2.obj", 1},
+                                                 {"out-a_b_#2.obj", 2},
+                                                 {"out-c_#2.obj", 2},
+                                                 {"out-a_b_#2-2.obj", 1}}));
+}
+
+TEST_F(Translator, AnAbortAnywhereLeavesEverythingAsItWas) {
+    folder.write("in.stl", binary("", std::vector<Corners>(20000, kSquare[0])));
+    for (std::string const name : {"out.obj", "ascii.stl"}) {
+        unsigned number = 3;
+        for (int i = 0; number == 3; ++i) {
+            folder.write(name, "old");
+            callsLeft = i;
+            KOVACallbackShared::m_AbortCallback = [] { return callsLeft-- == 0; };
+            number = translate("in.stl", name);
+            KOVACallbackShared::m_AbortCallback = nullptr;
+            if (number == 3) {
+                EXPECT_EQ(folder.read(name), "old");
+                EXPECT_EQ(events_.events, Texts());
+                auto const files = std::filesystem::directory_iterator("translations");
+                EXPECT_EQ(std::distance(begin(files), end(files)), name == "out.obj" ? 2 : 3);
+            } else {
+                EXPECT_GT(i, 5) << "hardly ever asked";
+            }
+        }
+        EXPECT_EQ(number, 0U);
+        EXPECT_NE(folder.read(name), "old");
+    }
 }
 
 #ifndef _WIN32
