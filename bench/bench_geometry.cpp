@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <list>
@@ -14,6 +16,7 @@
 #include <kova/math/KOVAAffine3D.h>
 #include <kova/math/KOVAMath3x3Matrixf.h>
 #include <kova/math/KOVAMorph3D.h>
+#include <kova/model/KOVAAssemblyComponentTransform.h>
 
 #include "rows.h"
 
@@ -107,6 +110,62 @@ template <class Peer, int N> std::vector<Peer> glmOf(Matrices<N> const& all) {
     });
 }
 
+// What is defined to the last bit costs what its operations cost: nine quotients, each rounded once, or with the
+// inverse its own determinant and cube root. Beside the peers, which need not do the same, stand plain functions
+// with exactly these operations. They are inline; ours are calls, and the affine map's calls the hooks for aborts
+// and assertions as well.
+
+/// The cofactors by double, times or divided by the determinant, which is returned; each rounded once.
+template <class Number, class Finish>
+double plainInverse(Number const* m, int stride, Number* out, Finish const& finish) {
+    double cofactors[3][3];
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j) {
+            Number const* const r = m + (i + 1) % 3 * stride;
+            Number const* const s = m + (i + 2) % 3 * stride;
+            int const p = (j + 1) % 3;
+            int const q = (j + 2) % 3;
+            cofactors[i][j] = double{r[p]} * s[q] - double{r[q]} * s[p];
+        }
+    }
+    double const d = m[0] * cofactors[0][0] + m[stride] * cofactors[1][0] + m[2 * stride] * cofactors[2][0];
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j)
+            out[i * stride + j] = static_cast<Number>(finish(cofactors[j][i], d));
+    }
+    return d;
+}
+
+struct Placement {
+    float m[16];
+    float determinant;
+    float scaling;
+};
+
+/// The inverse, its own determinant, and that one's cube root unless it is 1.
+void plainInverse(Placement const& a, Placement& result) {
+    double const factor = 1.0 / a.determinant;
+    plainInverse(a.m, 4, result.m, [factor](double cofactor, double /*own*/) { return cofactor * factor; });
+    float const* const r = result.m;
+    for (int j = 0; j < 3; ++j)
+        result.m[12 + j] =
+            static_cast<float>(-(double{a.m[12]} * r[j] + double{a.m[13]} * r[4 + j] + double{a.m[14]} * r[8 + j]));
+    result.determinant = static_cast<float>(r[0] * (double{r[5]} * r[10] - double{r[9]} * r[6]) -
+                                            r[4] * (double{r[1]} * r[10] - double{r[9]} * r[2]) +
+                                            r[8] * (double{r[1]} * r[6] - double{r[5]} * r[2]));
+    float const size = std::fabs(result.determinant);
+    bool const one = size >= 0.999999F && size <= 1.000001F;
+    result.scaling = one ? 1.0F : static_cast<float>(std::cbrt(double{size}));
+}
+
+template <int N, class Number> std::vector<std::array<Number, N * N>> plain(Matrices<N> const& all) {
+    return made<std::array<Number, N * N>>([&](int i) {
+        std::array<Number, N * N> elements;
+        std::copy_n(all.elements[i], N * N, elements.begin());
+        return elements;
+    });
+}
+
 void matrix4Rows() {
     Matrices<4> const all;
     auto const ours = made<KOVA4x4Matrix>([&](int i) {
@@ -138,6 +197,15 @@ void matrix4Rows() {
              forEach<RowMajor4f, RowMajor4f>(eigen<RowMajor4f>(all), eigenInverse));
     batchRow("4x4 inverse, GLM double", 1.5, ourInverse,
              forEach<glm::dmat4, glm::dmat4>(glmOf<glm::dmat4>(all), glmInverse));
+    auto const placements = made<Placement>([&](int i) {
+        Placement placement = {};
+        std::copy_n(ours[static_cast<std::size_t>(i)].GetMatrix(), 16, placement.m);
+        placement.determinant = ours[static_cast<std::size_t>(i)].GetDeterminant();
+        return placement;
+    });
+    batchRow("4x4 inverse, the same operations, plain", 1.0, ourInverse,
+             forEach<Placement, Placement>(
+                 placements, [](auto const& a, auto const& /*unused*/, auto& result) { plainInverse(a, result); }));
     // Rotations about axes: what placements mostly are, and no cube root.
     auto const rigid = made<KOVA4x4Matrix>(
         [&](int i) { return KOVA4x4Matrix(KOVAVectorf(all.elements[i]), KOVAPointf(all.elements[i] + 3), 1.0F); });
@@ -174,10 +242,21 @@ void matrix3Rows() {
              forEach<RowMajor3d, RowMajor3d>(eigen<RowMajor3d>(all), eigenInverse));
     batchRow("3x3 float inverse, Eigen float", 1.0, ourInverse,
              forEach<RowMajor3f, RowMajor3f>(eigen<RowMajor3f>(all), eigenInverse));
+    batchRow("3x3 float inverse, the same operations, plain", 1.0, ourInverse,
+             forEach<std::array<float, 9>, std::array<float, 9>>(
+                 plain<3, float>(all), [](auto const& a, auto const& /*unused*/, auto& result) {
+                     plainInverse(a.data(), 3, result.data(), [](double cofactor, double d) { return cofactor / d; });
+                 }));
     batchRow("3x3 float inverse, GLM float", 1.0, ourInverse,
              forEach<glm::mat3, glm::mat3>(glmOf<glm::mat3>(all), glmInverse));
     batchRow("affine inverse, Eigen double", 1.0, affineInverse,
              forEach<RowMajor3d, RowMajor3d>(eigen<RowMajor3d>(all), eigenInverse));
+    batchRow("affine inverse, the same operations, plain", 1.0, affineInverse,
+             forEach<std::array<double, 9>, std::array<double, 9>>(
+                 plain<3, double>(all), [](auto const& a, auto const& /*unused*/, auto& result) {
+                     plainInverse(a.data(), 3, result.data(),
+                                  [](double cofactor, double d) { return cofactor * (1.0 / d); });
+                 }));
     batchRow("affine inverse, GLM double", 1.0, affineInverse,
              forEach<glm::dmat3, glm::dmat3>(glmOf<glm::dmat3>(all), glmInverse));
 }
@@ -201,7 +280,8 @@ void plainLoop(float const (&m)[4][4], float* p, std::size_t count) {
     }
 }
 
-/// Moves as much memory as transforming the points in place does.
+/// Moves as much memory as transforming the points in place does. Where the processor's cache holds the points, that
+/// takes less time than the conversions to double and back, which the sums in double cost.
 void touch(float* p, std::size_t count) {
     for (std::size_t i = 0; i < 3 * count; ++i)
         p[i] = -p[i];
@@ -209,6 +289,13 @@ void touch(float* p, std::size_t count) {
 
 /// A rotation, or repeated transforming would leave the range of numbers.
 KOVA4x4Matrix const turn(KOVAVectorf(1.0F, 2.0F, 3.0F), KOVAPointf(0.5F, 0.25F, 0.125F), 0.5F);
+
+/// The same as a component's placement.
+KOVAAssemblyComponentTransform const placed = [] {
+    KOVAAssemblyComponentTransform transform;
+    transform.Set4x4ByColumn(turn.GetMatrix()); // its columns are the other's rows
+    return transform;
+}();
 
 struct Arrays {
     explicit Arrays(std::size_t count) : floats(numbers<float>(3 * count)), doubles(numbers<double>(3 * count)) {}
@@ -229,6 +316,14 @@ void arrayRows(std::size_t count) {
         std::copy_n(turn.GetMatrix(), 16, m[0]);
         plainLoop(m, peers.floats.data(), count);
     });
+    bench::plainRow(
+        "points by assembly transform, plain loop" + suffix, 1.1,
+        [&ours, n] { return TransformPoints(placed, ours.floats.data(), n); },
+        [&peers, count] {
+            float m[4][4];
+            std::copy_n(turn.GetMatrix(), 16, m[0]);
+            plainLoop(m, peers.floats.data(), count);
+        });
     if (count >= 100000)
         bench::plainRow("points, memory touched" + suffix, 1.0, transformed,
                         [&peers, count] { touch(peers.floats.data(), count); });

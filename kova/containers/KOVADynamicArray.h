@@ -159,6 +159,10 @@ public:
     }
 
 private:
+    friend class Gk_String;
+    /// Takes over one of the holds on a block.
+    explicit constexpr KOVADynamicArray(KOVAArrayHeader* held) noexcept : header_(held) {}
+
     static constexpr int kInitialCapacity = 10;
     static constexpr int kElementSize = static_cast<int>(sizeof(T));
 

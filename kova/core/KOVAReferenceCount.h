@@ -8,7 +8,7 @@
 /// the count and delete the object at zero. The count is a plain integer: one thread at a time.
 class KOVA_API KOVAReferenceCount {
 public:
-    explicit KOVAReferenceCount(unsigned int initial) noexcept : count_(initial) {}
+    explicit constexpr KOVAReferenceCount(unsigned int initial) noexcept : count_(initial) {}
     /// A copy starts without holders.
     KOVAReferenceCount(KOVAReferenceCount const&) noexcept {}
     virtual ~KOVAReferenceCount();

@@ -30,6 +30,11 @@ public:
 
 protected:
     explicit KOVAReferenceHandle(KOVAReferenceCount* p);
+    /// Takes over a count that has been raised already.
+    struct Raised {
+        KOVAReferenceCount* object;
+    };
+    explicit constexpr KOVAReferenceHandle(Raised raised) noexcept : instance_(raised.object) {}
     KOVAReferenceHandle(KOVAReferenceHandle const& other);
 
     KOVAReferenceCount* GetInstance() const noexcept { return instance_; }

@@ -7,10 +7,6 @@
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVAError) == 36);
 
-KOVAError::KOVAError() : KOVAError(0) {}
-
-KOVAError::KOVAError(long type) : type_(static_cast<std::int32_t>(type)), sourceLine_(0) {}
-
 KOVAError::~KOVAError() = default;
 
 KOVIResult KOVAError::SetDescription(KOVAString const& description) {

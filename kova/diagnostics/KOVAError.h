@@ -18,9 +18,9 @@ class KOVAOutputStream;
 class KOVA_API KOVAError {
 public:
     /// Type 0: no error.
-    KOVAError();
+    constexpr KOVAError() noexcept : KOVAError(0) {}
     /// The result code that the error stands for.
-    explicit KOVAError(long type);
+    explicit constexpr KOVAError(long type) noexcept : type_(static_cast<std::int32_t>(type)), sourceLine_(0) {}
     KOVAError(KOVAError const&) = default;
     KOVAError& operator=(KOVAError const&) = default;
     virtual ~KOVAError();

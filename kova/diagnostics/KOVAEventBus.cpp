@@ -13,8 +13,6 @@ bool KOVAEventBus::gaps_ = false;
 
 KOVAEventListener::~KOVAEventListener() = default;
 
-KOVAEventBus::KOVAEventBus() : listeners_(kovaArrayAllocate(10, static_cast<int>(sizeof(KOVAEventListener*)))) {}
-
 KOVAEventBus::~KOVAEventBus() {
     kovaArrayFree(listeners_);
 }
@@ -41,8 +39,11 @@ int KOVAEventBus::find(KOVAEventListener const* listener) const {
 }
 
 void KOVAEventBus::AddListener(KOVAEventListener* listener) {
-    if (listener && find(listener) < 0)
-        kovaArrayAdd(listeners_, &listener);
+    if (!listener || find(listener) >= 0)
+        return;
+    if (!listeners_)
+        listeners_ = kovaArrayAllocate(10, static_cast<int>(sizeof(KOVAEventListener*)));
+    kovaArrayAdd(listeners_, &listener);
 }
 
 void KOVAEventBus::RemoveListener(KOVAEventListener* listener) {

@@ -44,7 +44,7 @@ public:
     static KOVAEventBus _eventBus;
 
 protected:
-    KOVAEventBus();
+    constexpr KOVAEventBus() noexcept : listeners_(nullptr) {}
 
 private:
     /// Holds the array of listeners for a delivery. While there is any such holder, entries keep their
@@ -73,7 +73,7 @@ private:
     void closeGaps();
     int find(KOVAEventListener const* listener) const;
 
-    KOVAArrayHeader* listeners_;
+    KOVAArrayHeader* listeners_; ///< made for the first of them
 
     static bool gaps_;
 };

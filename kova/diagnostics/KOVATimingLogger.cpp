@@ -1,15 +1,30 @@
 #include <kova/diagnostics/KOVATimingLogger.h>
 
+#include <cstdint>
+#include <memory>
 #include <string>
 
+#include <kova/containers/string_map.h>
 #include <kova/diagnostics/KOVAEventBus.h>
 #include <kova/diagnostics/KOVAInfo.h>
+#include <kova/diagnostics/task_pairs.h>
 #include <kova/system/KOVAEnvironment.h>
 #include <kova/text/numbers.h>
 
 using kova::detail::fixedText;
 
+struct KOVATimingLogger::Tasks {
+    struct Total {
+        std::int32_t count = 0;
+        double seconds = 0.0;
+    };
+
+    kova::detail::TaskPairs pairs;
+    kova::detail::StringMap<Total> totals;
+};
+
 KOVATimingLogger::~KOVATimingLogger() {
+    std::unique_ptr<Tasks> const owner(tasks_);
     Finalize();
 }
 
@@ -32,10 +47,12 @@ void KOVATimingLogger::Stop() {
 }
 
 void KOVATimingLogger::HandleEvent(KOVAEvent& event) {
-    kova::detail::TaskStep const step = tasks_.take(event);
+    if (!tasks_)
+        tasks_ = std::make_unique<Tasks>().release();
+    kova::detail::TaskStep const step = tasks_->pairs.take(event);
     if (!step.completed)
         return;
-    Total& total = totals_.value(totals_.findOrAdd(step.task));
+    Tasks::Total& total = tasks_->totals.value(tasks_->totals.findOrAdd(step.task));
     total.seconds += step.seconds;
     ++total.count;
     KOVAInfo::Printf("%.255s Time = %s seconds.", static_cast<char const*>(step.task),
@@ -45,7 +62,7 @@ void KOVATimingLogger::HandleEvent(KOVAEvent& event) {
 void KOVATimingLogger::Finalize() {
     if (!on_)
         return;
-    if (totals_.size() > 0)
+    if (tasks_ && tasks_->totals.size() > 0)
         report();
     KOVAEventBus::GetEventBus().RemoveListener(this);
     on_ = false;
@@ -53,10 +70,11 @@ void KOVATimingLogger::Finalize() {
 
 void KOVATimingLogger::report() const {
     KOVAInfo::Printf("================ Task Timing Info ================");
-    for (int i = 0; i < totals_.size(); ++i) {
-        char const* const task = totals_.name(i);
-        std::string const seconds = fixedText(totals_.value(i).seconds, 2);
-        int const count = totals_.value(i).count;
+    auto const& totals = tasks_->totals;
+    for (int i = 0; i < totals.size(); ++i) {
+        char const* const task = totals.name(i);
+        std::string const seconds = fixedText(totals.value(i).seconds, 2);
+        int const count = totals.value(i).count;
         if (count < 2)
             KOVAInfo::Printf("%32s Time = %10s", task, seconds.c_str());
         else

@@ -1,11 +1,7 @@
 #pragma once
 
-#include <cstdint>
-
-#include <kova/containers/string_map.h>
 #include <kova/core/export.h>
 #include <kova/diagnostics/KOVAEventListener.h>
-#include <kova/diagnostics/task_pairs.h>
 
 /// Measures the tasks of a conversion: says after each how long it took, and at the end how long each kind took
 /// in all, in the order in which they were first completed.
@@ -19,7 +15,7 @@
 class KOVA_API KOVATimingLogger : public KOVAEventListener {
 public:
     /// Off.
-    KOVATimingLogger() = default;
+    constexpr KOVATimingLogger() noexcept : on_(false), tasks_(nullptr) {}
     KOVATimingLogger(KOVATimingLogger const&) = delete;
     KOVATimingLogger& operator=(KOVATimingLogger const&) = delete;
 
@@ -40,14 +36,10 @@ public:
     static KOVATimingLogger _timing;
 
 private:
-    struct Total {
-        std::int32_t count = 0;
-        double seconds = 0.0;
-    };
+    struct KOVA_LOCAL Tasks;
 
     void report() const;
 
-    bool on_ = false;
-    kova::detail::TaskPairs tasks_;
-    kova::detail::StringMap<Total> totals_;
+    bool on_;
+    Tasks* tasks_; ///< made for the first event
 };

@@ -3,7 +3,7 @@
 #include <cstdarg>
 
 #include <kova/diagnostics/report.h>
-#include <kova/system/KOVAEnvironment.h>
+#include <kova/platform/environment.h>
 #include <kova/text/KOVAString.h>
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVATrace) == 8);
@@ -15,9 +15,8 @@ constexpr char kNoText[] = {'\0'}; // no literal: clang warns of an empty format
 } // namespace
 
 KOVATrace::KOVATrace(char const* component) {
-    KOVAString components;
-    if (component && KOVAEnvironment::GetVariable("KOVALoggers", components).IsSuccess())
-        enabled_ = components.indexOf(KOVAString(component)) >= 0;
+    char const* const components = component ? kova::detail::environmentValue("KOVALoggers") : nullptr;
+    enabled_ = components && KOVAString(components).indexOf(KOVAString(component)) >= 0;
 }
 
 KOVATrace::~KOVATrace() = default;

@@ -14,7 +14,7 @@ enum KOVATraceLevel { KOVA_TRACE_DEBUG = 1, KOVA_TRACE_MESSAGE = 2, KOVA_TRACE_E
 class KOVA_API KOVATrace {
 public:
     /// Decides once: enabled when the name occurs anywhere in the variable, told apart by case.
-    explicit KOVATrace(char const* component);
+    [[gnu::cold]] explicit KOVATrace(char const* component); // at load: among other code that runs once
     virtual ~KOVATrace();
 
     bool IsEnabled() const noexcept { return enabled_; }

@@ -126,33 +126,41 @@ double KOVAAffine::DeterminantOfCofactor(int row, int column) const noexcept {
 
 namespace {
 
-/// Callers compare results bit for bit: the minor is formed first, then its sign turned, so that a zero keeps
-/// the sign that this gives it.
-double cofactor(double const (&a)[3][3], int row, int column) noexcept {
-    int const r1 = row == 0 ? 1 : 0;
-    int const r2 = row == 2 ? 1 : 2;
-    int const c1 = column == 0 ? 1 : 0;
-    int const c2 = column == 2 ? 1 : 2;
-    double const minor = a[r1][c1] * a[r2][c2] - a[r1][c2] * a[r2][c1];
-    return (row + column) % 2 == 1 ? -minor : minor;
+/// The signed cofactors of column i, which are row i of the adjugate. Callers compare results bit for bit: each
+/// minor is formed first, then its sign turned, so that a zero keeps the sign that this gives it.
+kova::detail::AdjugateRow cofactors(double const (&a)[3][3], int i) noexcept {
+    using kova::detail::both;
+    using kova::detail::Pair;
+    int const p = i == 0 ? 1 : 0;
+    int const q = i == 2 ? 1 : 2;
+    Pair const minors = Pair{a[1][p], a[0][p]} * both(a[2][q]) - Pair{a[1][q], a[0][q]} * both(a[2][p]);
+    double const third = a[0][p] * a[1][q] - a[0][q] * a[1][p];
+    if (i == 1)
+        return {Pair{-minors[0], minors[1]}, -third};
+    return {Pair{minors[0], -minors[1]}, third};
 }
 
 } // namespace
 
 void KOVAAffine::GetInverse(KOVAAffine& out) const {
-    double const factor = reciprocal(Determinant());
-    double a[3][3]; // a copy, as `out` may be this
-    std::copy_n(elements_[0], 9, a[0]);
     if (dimension_ == 3) {
+        auto const& a = elements_;
+        kova::detail::AdjugateRow const rows[3] = {cofactors(a, 0), cofactors(a, 1), cofactors(a, 2)};
+        double const factor =
+            reciprocal(a[0][0] * rows[0].first[0] + a[1][0] * rows[0].first[1] + a[2][0] * rows[0].third);
         for (int i = 0; i < 3; ++i) {
-            for (int j = 0; j < 3; ++j)
-                out.elements_[i][j] = cofactor(a, j, i) * factor;
+            kova::detail::store(rows[i].first * kova::detail::both(factor), out.elements_[i]);
+            out.elements_[i][2] = rows[i].third * factor;
         }
-    } else if (dimension_ == 2) {
-        out.elements_[0][0] = a[1][1] * factor;
-        out.elements_[0][1] = -a[0][1] * factor;
-        out.elements_[1][0] = -a[1][0] * factor;
-        out.elements_[1][1] = a[0][0] * factor;
+        return;
+    }
+    double const factor = reciprocal(Determinant());
+    if (dimension_ == 2) {
+        double const a = elements_[0][0]; // `out` may be this
+        out.elements_[0][0] = elements_[1][1] * factor;
+        out.elements_[0][1] = -elements_[0][1] * factor;
+        out.elements_[1][0] = -elements_[1][0] * factor;
+        out.elements_[1][1] = a * factor;
     } else {
         out.elements_[0][0] = factor;
     }

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <kova/core/results.h>
+#include <kova/math/kernels.h>
 
 using kova::detail::kInvalidArgument;
 using kova::detail::kSuccess;
@@ -153,23 +154,25 @@ bool KOVAAssemblyComponentTransform::IsMirrorTransform() const {
 }
 
 KOVIResult KOVAAssemblyComponentTransform::ApplyTransform(float* point) const {
-    return apply(point, true);
+    return apply(point, 1, true);
 }
 
 KOVIResult KOVAAssemblyComponentTransform::ApplyRotation(float* vector) const {
-    return apply(vector, false);
+    return apply(vector, 1, false);
 }
 
-KOVIResult KOVAAssemblyComponentTransform::apply(float* v, bool translate) const {
+KOVIResult KOVAAssemblyComponentTransform::apply(float* v, long count, bool translate) const {
     if (!v)
         return kInvalidArgument;
     if (IsIdentityTransform())
         return kSuccess;
-    double const from[] = {v[0], v[1], v[2]};
+    double linear[3][3];
     for (int i = 0; i < 3; ++i) {
-        double const image = row(i, from);
-        v[i] = static_cast<float>(translate ? image + m_[kTranslation + i] : image);
+        for (int j = 0; j < 3; ++j)
+            linear[i][j] = m_[3 * j + i];
     }
+    kova::detail::PointMap const map{linear, nullptr, translate ? m_ + kTranslation : nullptr};
+    kova::detail::transformPoints<kova::detail::Solid>(map, v, count);
     return kSuccess;
 }
 
@@ -181,4 +184,12 @@ KOVAAssemblyComponentTransform::operator*(KOVAAssemblyComponentTransform const& 
         product.m_[i] = i < kTranslation ? image : image + m_[i];
     }
     return product;
+}
+
+KOVIResult TransformPoints(KOVAAssemblyComponentTransform const& transform, float* coordinates, long count) {
+    return transform.apply(coordinates, count, true);
+}
+
+KOVIResult TransformVectors(KOVAAssemblyComponentTransform const& transform, float* coordinates, long count) {
+    return transform.apply(coordinates, count, false);
 }

@@ -60,12 +60,17 @@ public:
     /// Applies other first, then this one. Its scale is 1.
     KOVAAssemblyComponentTransform operator*(KOVAAssemblyComponentTransform const& other) const;
 
+    friend KOVA_API KOVIResult TransformPoints(KOVAAssemblyComponentTransform const& transform, float* coordinates,
+                                               long count);
+    friend KOVA_API KOVIResult TransformVectors(KOVAAssemblyComponentTransform const& transform, float* coordinates,
+                                                long count);
+
 private:
     static constexpr int kTranslation = 9;
 
     void changed() noexcept;
     void classify() const;
-    KOVIResult apply(float* v, bool translate) const;
+    KOVIResult apply(float* v, long count, bool translate) const;
     /// Row i of the linear part by v.
     double row(int i, double const* v) const noexcept { return m_[i] * v[0] + m_[3 + i] * v[1] + m_[6 + i] * v[2]; }
 
@@ -78,3 +83,8 @@ private:
     mutable bool identity_ = false;
     mutable bool mirror_ = false;
 };
+
+// Each of `count` points or vectors, three floats each, is transformed in place, to the last bit as by
+// ApplyTransform and ApplyRotation, with their results. A count below 1 is nothing to do.
+KOVA_API KOVIResult TransformPoints(KOVAAssemblyComponentTransform const& transform, float* coordinates, long count);
+KOVA_API KOVIResult TransformVectors(KOVAAssemblyComponentTransform const& transform, float* coordinates, long count);

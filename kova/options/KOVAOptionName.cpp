@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cstdint>
 #include <map>
 #include <numeric>
@@ -14,6 +13,7 @@
 #include <kova/containers/hash_index.h>
 #include <kova/core/results.h>
 #include <kova/options/name_parts.h>
+#include <kova/text/static_text.h>
 
 static_assert(sizeof(void*) != 4 || sizeof(KOVAOptionName) == 16);
 
@@ -29,17 +29,6 @@ constexpr int kNoMatch = 65535;
 // --- the table
 //
 // Its names are made when the library is compiled: loading only relocates them, without a look-up of symbols.
-
-/// The units of a name, in a block as KOVAString has it, with a reference that is never given back.
-template <std::size_t Size> struct Block {
-    constexpr explicit Block(char const (&text)[Size]) noexcept : references(1U << 30), length(Size - 1), units() {
-        for (std::size_t i = 0; i < Size; ++i)
-            units[i] = static_cast<unsigned char>(text[i]);
-    }
-    std::atomic<std::uint32_t> references;
-    std::int32_t length;
-    unsigned short units[Size];
-};
 
 /// The identifier is the name without its "/" at the front, with "_" for "/", "." and "!".
 constexpr bool belongs(std::string_view identifier, std::string_view name) {
@@ -57,7 +46,7 @@ constexpr bool belongs(std::string_view identifier, std::string_view name) {
 
 #define KOVA_OPTION_NAME(identifier, text)                                                                             \
   static_assert(belongs(#identifier, text), "the identifier is not made of the name");                                 \
-  Block<sizeof(text)> block_##identifier(text);
+  kova::detail::StaticUnits<sizeof(text)> block_##identifier(text);
 #include KOVA_OPTION_NAMES
 #undef KOVA_OPTION_NAME
 

@@ -57,7 +57,7 @@ private:
     union KOVA_LOCAL Storage;
 
     constexpr KOVAOptionName(unsigned short* units, char const* narrow) noexcept
-        : name_(KOVAString::StaticUnits{units}), narrow_(narrow) {}
+        : name_(KOVAString::Static{units}), narrow_(narrow) {}
 
     KOVAString name_;
     char const* narrow_;

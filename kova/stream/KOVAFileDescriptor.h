@@ -45,6 +45,16 @@ public:
     bool owns() const noexcept { return owns_; }
 
 private:
+    friend class KOVAFileInputStream;
+    friend class KOVAFileOutputStream;
+    struct Console {
+        int file;
+        IOMode mode;
+    };
+    /// Raised for the console's handle, and once more so that nobody deletes it.
+    explicit constexpr KOVAFileDescriptor(Console console) noexcept
+        : KOVAReferenceCount(2), file_(console.file), mode_(console.mode), owns_(false) {}
+
     std::int32_t file_;
     IOMode mode_;
     bool owns_;
@@ -59,4 +69,9 @@ public:
 
     /// Null for an invalid handle.
     KOVAFileDescriptor* operator->() const noexcept { return static_cast<KOVAFileDescriptor*>(GetInstance()); }
+
+private:
+    friend class KOVAFileInputStream;
+    friend class KOVAFileOutputStream;
+    explicit constexpr KOVAFileDescriptorHandle(Raised raised) noexcept : KOVAReferenceHandle(raised) {}
 };

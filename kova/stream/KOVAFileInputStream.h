@@ -39,7 +39,11 @@ public:
 private:
     KOVAFileInputStream(KOVAFileInputStream const& other);
     explicit KOVAFileInputStream(KOVAFileDescriptor* descriptor);
+    explicit constexpr KOVAFileInputStream(KOVAFileDescriptorHandle::Raised descriptor) noexcept
+        : KOVAInputStream(nullptr), size_(-1), ownOffset_(-1), descriptor_(descriptor) {}
     bool followsDescriptor() const noexcept { return ownOffset_ == -1; }
+
+    static KOVA_LOCAL KOVAFileDescriptor consoleDescriptor_;
 
     std::int32_t size_;
     std::int32_t ownOffset_;

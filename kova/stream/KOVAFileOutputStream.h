@@ -36,5 +36,10 @@ public:
     static KOVAFileOutputStream console;
 
 private:
+    explicit constexpr KOVAFileOutputStream(KOVAFileDescriptorHandle::Raised descriptor) noexcept
+        : KOVAOutputStream(nullptr), descriptor_(descriptor) {}
+
+    static KOVA_LOCAL KOVAFileDescriptor consoleDescriptor_;
+
     KOVAFileDescriptorHandle descriptor_;
 };

@@ -32,7 +32,7 @@ public:
 
 protected:
     /// `next` is the stream that a filter reads from, not owned; null for a source of its own.
-    explicit KOVAInputStream(KOVAInputStream* next) noexcept : next_(next) {}
+    explicit constexpr KOVAInputStream(KOVAInputStream* next) noexcept : next_(next) {}
     KOVAInputStream(KOVAInputStream const&) = default;
     KOVAInputStream& operator=(KOVAInputStream const&) = default;
 

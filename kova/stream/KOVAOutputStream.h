@@ -19,7 +19,7 @@ public:
 
 protected:
     /// `next` is the stream that a filter writes to, not owned; null for a sink of its own.
-    explicit KOVAOutputStream(KOVAOutputStream* next) noexcept : next_(next) {}
+    explicit constexpr KOVAOutputStream(KOVAOutputStream* next) noexcept : next_(next) {}
     KOVAOutputStream(KOVAOutputStream const&) = default;
     KOVAOutputStream& operator=(KOVAOutputStream const&) = default;
 

@@ -11,6 +11,7 @@
 #include <kova/text/words.h>
 
 using kova::detail::environmentBlock;
+using kova::detail::environmentValue;
 using kova::detail::kFailure;
 using kova::detail::kSuccess;
 
@@ -20,34 +21,12 @@ namespace {
 
 char entryBuffer[32768];
 
-char lower(char c) noexcept {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-/// The value of an entry whose name is the given one, ignoring the case of ASCII letters; null otherwise.
-char const* valueOf(char const* entry, char const* name) noexcept {
-    for (; *name; ++entry, ++name) {
-        if (*entry != *name && (lower(*entry) != lower(*name) || *entry == '\0'))
-            return nullptr;
-        if (*entry == '=')
-            return nullptr; // a name with "=" in it
-    }
-    return *entry == '=' ? entry + 1 : nullptr;
-}
-
-/// The same for any name.
-char const* valueOf(char const* entry, KOVAString const& name) {
-    char const* const separator = std::strchr(entry, '=');
-    if (!separator)
-        return nullptr;
-    KOVAString const entryName(std::string(entry, separator).c_str());
-    return entryName.equalsIgnoreCase(name) ? separator + 1 : nullptr;
-}
-
-template <class Name> char const* find(Name const& name) {
+/// As environmentValue, for any name.
+char const* anyValue(KOVAString const& name) {
     for (char const* const* entry = environmentBlock(); *entry; ++entry) {
-        if (char const* const value = valueOf(*entry, name))
-            return value;
+        char const* const separator = std::strchr(*entry, '=');
+        if (separator && KOVAString(std::string(*entry, separator).c_str()).equalsIgnoreCase(name))
+            return separator + 1;
     }
     return nullptr;
 }
@@ -70,7 +49,8 @@ KOVAEnvironment const* KOVAEnvironment::GetEnv() {
 KOVIResult KOVAEnvironment::GetVariable(KOVAString const& name, KOVAString& value) {
     bool const ascii =
         kova::detail::isAscii(static_cast<unsigned short const*>(name), static_cast<std::size_t>(name.length()));
-    char const* const found = !ascii ? find(name) : find(name.length() > 0 ? static_cast<char const*>(name) : "");
+    char const* const narrow = ascii && name.length() > 0 ? static_cast<char const*>(name) : "";
+    char const* const found = ascii ? environmentValue(narrow) : anyValue(name);
     if (!found)
         return kFailure;
     value = KOVAString(found);

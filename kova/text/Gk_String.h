@@ -66,6 +66,10 @@ public:
     bool operator<(Gk_String const& other) const;
 
 private:
+    friend class Gk_Unit;
+    /// Takes over one of the holds on a text.
+    explicit constexpr Gk_String(KOVAArrayHeader* held) noexcept : array_(held) {}
+
     void addText(std::string_view text) { array_.append(text.data(), static_cast<int>(text.size())); }
     void addTerminated(std::string_view text);
     void replaceLast(std::string_view text);

@@ -61,44 +61,30 @@ void Gk_StringParser::setEnd(char const* end, char const* limit) {
     checked_ = true;
 }
 
-template <class T> T Gk_StringParser::integer() {
+template <class T> T Gk_StringParser::anyNumber() {
     char const* const text = *this;
     char const* const limit = text + len();
     char const* end = nullptr;
-    T const value = kova::detail::readInteger<T>(text, limit, 0, end);
-    setEnd(end, limit);
-    return value;
-}
-
-long Gk_StringParser::intValue() {
-    return integer<long>();
-}
-
-unsigned long Gk_StringParser::uIntValue() {
-    return integer<unsigned long>();
-}
-
-int Gk_StringParser::intValue32() {
-    return integer<int>();
-}
-
-unsigned int Gk_StringParser::uIntValue32() {
-    return integer<unsigned int>();
-}
-
-double Gk_StringParser::realValue() {
-    char const* const text = *this;
-    char const* const limit = text + len();
-    double value = 0.0;
-    char const* end = kova::detail::readNumber(text, limit, value);
-    if (end != limit && *end == '.') {
-        double more = 0.0;
-        end = kova::detail::readNumber(end, limit, more);
-        value += more;
+    T value{};
+    if constexpr (std::is_integral_v<T>) {
+        value = kova::detail::readInteger<T>(text, limit, 0, end);
+    } else {
+        end = kova::detail::readNumber(text, limit, value);
+        if (end != limit && *end == '.') {
+            T more{};
+            end = kova::detail::readNumber(end, limit, more);
+            value += more;
+        }
     }
     setEnd(end, limit);
     return value;
 }
+
+template KOVA_API long Gk_StringParser::anyNumber<long>();
+template KOVA_API unsigned long Gk_StringParser::anyNumber<unsigned long>();
+template KOVA_API int Gk_StringParser::anyNumber<int>();
+template KOVA_API unsigned int Gk_StringParser::anyNumber<unsigned int>();
+template KOVA_API double Gk_StringParser::anyNumber<double>();
 
 bool Gk_StringParser::isString(char const* s) const {
     return s && Gk_ROString(dataStr()).text() == s;

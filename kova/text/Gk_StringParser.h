@@ -1,5 +1,9 @@
 #pragma once
 
+#include <charconv>
+#include <system_error>
+#include <type_traits>
+
 #include <kova/core/export.h>
 #include <kova/text/Gk_String.h>
 
@@ -32,14 +36,14 @@ public:
 
     /// As strtol and strtoul with base 0: "0x1f" is hexadecimal, "017" octal. What is out of range becomes
     /// the nearest limit.
-    long intValue();
-    unsigned long uIntValue();
+    long intValue() { return number<long>(); }
+    unsigned long uIntValue() { return number<unsigned long>(); }
     /// The same with the range of an int, which is less than a long's on some systems.
-    int intValue32();
-    unsigned int uIntValue32();
+    int intValue32() { return number<int>(); }
+    unsigned int uIntValue32() { return number<unsigned int>(); }
     /// As strtod in the "C" locale. Callers depend on a conversion that stops at a point being continued
     /// there: "1.5.25" is 1.5 and .25, 1.75.
-    double realValue();
+    double realValue() { return number<double>(); }
 
     /// The text equals s.
     bool isString(char const* s) const;
@@ -55,9 +59,28 @@ private:
     /// 0 beyond the text.
     char at(int i) const { return i >= 0 && i < len() ? (*this)[i] : '\0'; }
     int countDigits(int start, unsigned base);
-    template <class T> T integer();
+    template <class T> T number();
+    template <class T> T anyNumber();
     void setEnd(char const* end, char const* limit);
 
     char* end_ = nullptr;
     bool checked_ = false;
 };
+
+/// A plain number up to the terminator is converted inline, as most are: there the standard's function gives
+/// the same. Everything else, prefixes and what is out of range among it, is left to the library.
+template <class T> T Gk_StringParser::number() {
+    char const* const text = *this;
+    char const* const limit = text + len();
+    T value{};
+    auto const [end, error] = std::from_chars(text, limit, value);
+    if (error != std::errc() || end == limit || *end != '\0')
+        return anyNumber<T>();
+    if constexpr (std::is_integral_v<T>) {
+        if (value != 0 && text[*text == '-' ? 1 : 0] == '0') // octal
+            return anyNumber<T>();
+    }
+    end_ = const_cast<char*>(end);
+    checked_ = true;
+    return value;
+}

@@ -34,7 +34,7 @@ public:
     static const KOVAString KOVA_OFF;   ///< "Off"
 
     /// The null string.
-    KOVAString() noexcept : units_(nullptr), narrow_(nullptr) {}
+    constexpr KOVAString() noexcept : units_(nullptr), narrow_(nullptr) {}
     /// A null pointer gives the null string.
     KOVAString(char const* text);
     KOVAString(unsigned short const* units);
@@ -139,12 +139,13 @@ public:
     static KOVAString valueOf(unsigned short const* data, int offset, int count);
 
 private:
+    friend class KOVAFileHeader;
     friend class KOVAOptionName;
     /// Shares a block that is never released, made when the program is compiled.
-    struct StaticUnits {
+    struct Static {
         unsigned short* units;
     };
-    constexpr explicit KOVAString(StaticUnits block) noexcept : units_(block.units), narrow_(nullptr) {}
+    constexpr explicit KOVAString(Static block) noexcept : units_(block.units), narrow_(nullptr) {}
 
     /// Takes over a block with its one reference.
     static KOVAString adopt(unsigned short* units) noexcept {

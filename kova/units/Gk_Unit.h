@@ -40,6 +40,8 @@ public:
     bool IsSet() const;
 
 private:
+    constexpr Gk_Unit(KOVAArrayHeader& name, double millimetres) noexcept : size_(millimetres), name_(&name) {}
+
     double size_;
     Gk_String name_;
 };

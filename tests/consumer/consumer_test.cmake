@@ -27,6 +27,11 @@ if(NOT output MATCHES "Message : models\\\\part.obj is not here")
   message(FATAL_ERROR "the program printed:\n${output}")
 endif()
 
+file(GLOB crossings ${folder}/build/crossing ${folder}/build/crossing-fixed ${folder}/build/crossing.exe)
+foreach(program ${crossings})
+  run(${emulator} ${program})
+endforeach()
+
 # The README shows this very program.
 file(READ ${source}/README.md readme)
 file(READ ${source}/tests/consumer/hello.cpp program)

@@ -74,4 +74,25 @@ TEST(Transform, ProductsApplyTheRightOperandFirst) {
     }
 }
 
+TEST(Transform, ArraysAreTransformedToTheLastBitAsOneByOne) {
+    test::Random random(12);
+    Transform general, identity;
+    double m[12];
+    for (double& value : m) value = random.real(5.0);
+    EXPECT_EQ(general.Set(m), 0);
+    for (Transform const* transform : {&general, &identity}) {
+        std::vector<float> points(3 * 101);
+        for (float& value : points) value = random.single(100.0F);
+        std::vector<float> vectors = points, single = points, turned = points;
+        for (std::size_t i = 0; i < points.size(); i += 3)
+            EXPECT_EQ(transform->ApplyTransform(&single[i]) | transform->ApplyRotation(&turned[i]), 0);
+        EXPECT_EQ(TransformPoints(*transform, points.data(), 101) | TransformVectors(*transform, vectors.data(), 101) |
+                      TransformPoints(*transform, points.data(), -1) | TransformVectors(*transform, vectors.data(), 0),
+                  0);
+        EXPECT_TRUE(points == single && vectors == turned);
+        EXPECT_EQ((Numbers{TransformPoints(*transform, nullptr, 1), TransformVectors(*transform, nullptr, 1)}),
+                  Numbers(2, 0x0100000B));
+    }
+}
+
 } // namespace

@@ -155,6 +155,9 @@ TEST(Parser, Conversions) {
         {"-12", -12, 0UL - 12, -12, ""},
         {"0x1f", 31, 31, 31, ""},
         {"010", 8, 8, 10, ""},
+        {"-017", -15, 0UL - 15, -17, ""},
+        {"-0", 0, 0, -0.0, ""},
+        {"08", 0, 0, 8, ""},
         {"12abc", 12, 12, 12, "abc"},
         {"abc", 0, 0, 0, "abc"},
         {"", 0, 0, 0, ""},
@@ -183,8 +186,8 @@ TEST(Parser, Conversions) {
     }
     std::setlocale(LC_NUMERIC, before.c_str());
     Gk_ErrMgr::setAbort();
-    Gk_StringParser whole{Gk_String("12")}, partly{Gk_String("12x")};
-    EXPECT_EQ(whole.intValue(), 12); // nothing behind the number, so nobody asks
+    Gk_StringParser whole{Gk_String("12")}, bare{Gk_String("12", 2)}, partly{Gk_String("12x")};
+    EXPECT_EQ(whole.intValue() + bare.intValue(), 24); // nothing behind the numbers, so nobody asks
     EXPECT_THROW(partly.realValue(), KOVAAbortException);
 }
 
