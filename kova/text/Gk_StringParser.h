@@ -55,7 +55,7 @@ private:
     /// 0 beyond the text.
     char at(int i) const { return i >= 0 && i < len() ? (*this)[i] : '\0'; }
     int countDigits(int start, unsigned base);
-    template <class T> T integer();
+    template <class T> KOVA_LOCAL T integer();
     void setEnd(char const* end, char const* limit);
 
     char* end_ = nullptr;
