@@ -68,6 +68,7 @@ public:
         KOVAStreamFormatterObject* operator->() const { return *this; }
         operator KOVAStreamFormatterObject*() const { return static_cast<KOVAStreamFormatterObject*>(GetInstance()); }
     };
+    /// Holds a margin, which can be streamed.
     class KOVAStreamFormatterMarginHandle : public KOVAReferenceHandle {
     public:
         explicit KOVAStreamFormatterMarginHandle(KOVAStreamFormatterMargin* margin) : KOVAReferenceHandle(margin) {}
