@@ -26,3 +26,7 @@ execute_process(COMMAND ${gdb} -nx -batch -ex "python print(gdb.PYTHONDIR)"
 file(CREATE_LINK ${python} ${prefix}/share/gdb/python SYMBOLIC)
 show(${prefix}/${libdir}/ ${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${prefix}/${libdir}
   ${gdb} --data-directory ${prefix}/share/gdb)
+
+if(NOT EXISTS ${prefix}/share/kova/kova.natvis)
+  message(FATAL_ERROR "kova.natvis was not installed")
+endif()

@@ -1,6 +1,7 @@
 """Every type and member that a natvis file names exists: its expressions are compiled as members of their types.
+And its types are those that gdb shows.
 
-usage: natvis_test.py NATVIS FOLDER COMPILER...
+usage: natvis_test.py NATVIS SCRIPT_OF_GDB FOLDER COMPILER...
 """
 
 import pathlib
@@ -55,12 +56,15 @@ def check_type(number, element):
 
 
 def main():
-    natvis, folder, *compiler = sys.argv[1:]
+    natvis, script, folder, *compiler = sys.argv[1:]
     types = xml.etree.ElementTree.parse(natvis).getroot().findall(SPACE + 'Type')
+    of_gdb = re.findall(r"\('(\w+)(?:<\.\*>)?', \w+\),", pathlib.Path(script).read_text())
+    if sorted(of_gdb) != sorted(element.attrib['Name'].removesuffix('<*>') for element in types):
+        sys.exit(f'{natvis} shows other types than gdb, which shows {of_gdb}')
     source = pathlib.Path(folder, 'natvis_test.cpp')
     source.write_text('#include <kova/kova.h>\n#include <type_traits>\n'
                       + '\n'.join(check_type(number, element) for number, element in enumerate(types)) + '\n')
-    sys.exit(not types or subprocess.run([*compiler, '-std=c++17', '-fsyntax-only', '-fno-access-control',
+    sys.exit(subprocess.run([*compiler, '-std=c++17', '-fsyntax-only', '-fno-access-control',
                                           source]).returncode)
 
 
