@@ -79,6 +79,7 @@ private:
 
 // --- "Conversion"
 
+/// A file is to be converted; all that is done for it lies between this and its end.
 class KOVA_API KOVAStartConversionTaskEvent : public KOVAStartTaskEvent {
 public:
     KOVAStartConversionTaskEvent();
@@ -117,21 +118,25 @@ public:
 
 // --- "Source Document Preprocessing", "Target Document Postprocessing"
 
+/// What was read is to be prepared for translation.
 class KOVA_API KOVAStartPreprocessDocumentEvent : public KOVAStartTaskEvent {
 public:
     KOVAStartPreprocessDocumentEvent();
 };
 
+/// What was read is prepared.
 class KOVA_API KOVAEndPreprocessDocumentEvent : public KOVAEndTaskEvent {
 public:
     explicit KOVAEndPreprocessDocumentEvent(KOVIResult const& result);
 };
 
+/// What was translated is to be completed before it is written.
 class KOVA_API KOVAStartPostprocessDocumentEvent : public KOVAStartTaskEvent {
 public:
     KOVAStartPostprocessDocumentEvent();
 };
 
+/// What was translated is complete.
 class KOVA_API KOVAEndPostprocessDocumentEvent : public KOVAEndTaskEvent {
 public:
     explicit KOVAEndPostprocessDocumentEvent(KOVIResult const& result);

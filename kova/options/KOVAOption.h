@@ -83,9 +83,9 @@ private:
     KOVAOption(KOVAString name, KOVAValue const& value, bool isPrivate);
 
     KOVAValue::KOVAValueType storedType() const;
-    template <class T> KOVIResult set(T const& value, KOVAValue::KOVAValueType type);
-    template <class T> KOVIResult get(T& value, KOVAValue::KOVAValueType type) const;
-    template <class T> KOVIResult getDefault(T& value) const;
+    template <class T> KOVA_LOCAL KOVIResult set(T const& value, KOVAValue::KOVAValueType type);
+    template <class T> KOVA_LOCAL KOVIResult get(T& value, KOVAValue::KOVAValueType type) const;
+    template <class T> KOVA_LOCAL KOVIResult getDefault(T& value) const;
     KOVAString variableName() const;
     KOVAString shortName() const;
 

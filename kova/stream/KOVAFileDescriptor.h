@@ -60,6 +60,7 @@ private:
     bool owns_;
 };
 
+/// Holds a descriptor; the last handle to go closes a file that the descriptor owns.
 class KOVA_API KOVAFileDescriptorHandle : public KOVAReferenceHandle {
 public:
     explicit KOVAFileDescriptorHandle(KOVAFileDescriptor* descriptor = nullptr) : KOVAReferenceHandle(descriptor) {}

@@ -68,6 +68,7 @@ public:
         KOVAStreamFormatterObject* operator->() const { return *this; }
         operator KOVAStreamFormatterObject*() const { return static_cast<KOVAStreamFormatterObject*>(GetInstance()); }
     };
+    /// Holds a margin, which can be streamed.
     class KOVAStreamFormatterMarginHandle : public KOVAReferenceHandle {
     public:
         explicit KOVAStreamFormatterMarginHandle(KOVAStreamFormatterMargin* margin) : KOVAReferenceHandle(margin) {}
@@ -198,8 +199,8 @@ private:
         dump(value);
         return *this;
     }
-    template <class Number> void dumpNumber(char const* format, char const* defaultFormat, Number value);
-    template <class... Arguments> void dumpFormatted(char const* format, Arguments... arguments);
+    template <class Number> KOVA_LOCAL void dumpNumber(char const* format, char const* defaultFormat, Number value);
+    template <class... Arguments> KOVA_LOCAL void dumpFormatted(char const* format, Arguments... arguments);
 
     KOVAOutputStream* output_;
     char const* doubleFormat_;

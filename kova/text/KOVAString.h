@@ -155,7 +155,7 @@ private:
     }
     /// This text where it has units, else the null string.
     KOVAString orNull() const noexcept { return length() > 0 ? *this : KOVAString(); }
-    template <class Function> KOVAString mapped(Function const& function) const;
+    template <class Function> KOVA_LOCAL KOVAString mapped(Function const& function) const;
 
     unsigned short* units_; ///< in a shared block, behind its reference count and its length
     mutable char* narrow_;  ///< owned
