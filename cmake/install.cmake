@@ -38,7 +38,7 @@ if(TARGET kova-translate)
 endif()
 
 # For pkg-config. It finds everything from its own place, so that the installed tree may be moved.
-file(RELATIVE_PATH prefix_from_pc /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "[^/]+" ".." prefix_from_pc ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 get_target_property(compile_options kova INTERFACE_COMPILE_OPTIONS)
 list(JOIN compile_options " " compile_options)
 configure_file(cmake/kova.pc.in ${PROJECT_BINARY_DIR}/kova.pc @ONLY)
