@@ -14,10 +14,12 @@ else()
   set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 endif()
 
-set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "${PROJECT_DESCRIPTION}")
-set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "Files for building with KOVA: headers, CMake package, pkg-config")
-set(CPACK_COMPONENT_TOOLS_DESCRIPTION "Translator of 3D models, built on KOVA")
-set(CPACK_COMPONENT_DOCUMENTS_DESCRIPTION "Documents of KOVA")
+# Under the project's own description.
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "This package has the shared library.")
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
+  "This package has what programs are built with: headers, CMake package, pkg-config file.")
+set(CPACK_COMPONENT_TOOLS_DESCRIPTION "This package has kova-translate, a translator built on the library.")
+set(CPACK_COMPONENT_DOCUMENTS_DESCRIPTION "This package has the documents.")
 
 get_target_property(soversion kova SOVERSION)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libkova${soversion})
