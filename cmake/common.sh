@@ -61,7 +61,8 @@ make_debian_root() {
   retry bootstrap || { say 'debootstrap failed (no network, or no right to make devices?)'; return 1; }
   if [ $# != 0 ]; then
     retry in_root "$new" apt-get update -qq >&2 || { say 'apt-get update failed in the root'; return 1; }
-    retry in_root "$new" apt-get install -y -qq --no-install-recommends "$@" >&2 || { say "$* cannot be installed in the root"; return 1; }
+    retry in_root "$new" apt-get install -y -qq --no-install-recommends "$@" >&2 ||
+      { say "$* cannot be installed in the root"; return 1; }
   fi
   in_root "$new" apt-get clean
   as_root rm -rf "$root" && as_root mv "$new" "$root" && as_root touch "$root/.ready"
@@ -77,7 +78,8 @@ in_root() {
   (
     root=$1
     shift
-    as_root chroot "$root" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C DEBIAN_FRONTEND=noninteractive "$@"
+    as_root chroot "$root" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C \
+      DEBIAN_FRONTEND=noninteractive "$@"
   )
 }
 

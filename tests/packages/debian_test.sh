@@ -16,8 +16,8 @@ inside() { in_root "$folder/root" "$@"; }
 
 inventory() {
   inside dpkg-query --show
-  inside find / -xdev \( -path /kova -o -path /proc -o -path /dev -o -path /tmp -o -path /var/cache -o -path /var/lib/apt \
-    -o -path /var/log \) -prune -o -print | grep -v '^/var/lib/dpkg/[^/]*-old$' | sort
+  inside find / -xdev \( -path /kova -o -path /proc -o -path /dev -o -path /tmp -o -path /var/cache \
+    -o -path /var/lib/apt -o -path /var/log \) -prune -o -print | grep -v '^/var/lib/dpkg/[^/]*-old$' | sort
 }
 
 # The package's name at the front of the file's, and its version.
@@ -44,7 +44,8 @@ for package in kova-tools libkova-dev; do
 done
 
 # Nothing but what is in the bare root is needed.
-inside sh -c 'apt-get install -y -o Dpkg::Use-Pty=0 -o Dir::Etc::SourceList=/dev/null /kova/*.deb' >"$folder/log" 2>&1 || fail "$(cat "$folder/log")"
+inside sh -c 'apt-get install -y -o Dpkg::Use-Pty=0 -o Dir::Etc::SourceList=/dev/null /kova/*.deb' \
+  >"$folder/log" 2>&1 || fail "$(cat "$folder/log")"
 said=$(inside kova-translate --version)
 [ "$said" = "kova-translate $version" ] || fail "kova-translate --version says: $said"
 inside kova-translate /kova/flanged-bearing.stl /kova/bearing.obj >"$folder/log" 2>&1 || fail "$(cat "$folder/log")"
@@ -52,16 +53,18 @@ inside kova-translate /kova/flanged-bearing.stl /kova/bearing.obj >"$folder/log"
 
 # A program that is built with the installed development files needs the library by its series.
 rm -rf "$folder/hello"
-cmake -G Ninja -S "$source/tests/consumer" -B "$folder/hello" -Dway=find_package -DCMAKE_PREFIX_PATH="$folder/root/usr" \
+cmake -G Ninja -S "$source/tests/consumer" -B "$folder/hello" -Dway=find_package \
+  -DCMAKE_PREFIX_PATH="$folder/root/usr" \
   -Dwanted_version="$version" -Dwanted_components=library,tools >"$folder/log" 2>&1 || fail "$(cat "$folder/log")"
 cmake --build "$folder/hello" >"$folder/log" || fail "$(cat "$folder/log")"
-readelf --dynamic "$folder/hello/hello" | grep -q "NEEDED.*\[libkova.so.$series\]" || fail "hello does not need libkova.so.$series"
+readelf --dynamic "$folder/hello/hello" | grep -q "NEEDED.*\[libkova.so.$series\]" ||
+  fail "hello does not need libkova.so.$series"
 as_root cp "$folder/hello/hello" "$folder/root/kova"
 said=$(inside /kova/hello 2>&1) || fail "hello fails: $said"
 [ "$said" = 'Message : models\part.obj is not here' ] || fail "hello says: $said"
 
-inside sh -c 'for package in /kova/*.deb; do dpkg-deb --field $package Package; done | xargs apt-get purge -y -o Dpkg::Use-Pty=0' >"$folder/log" 2>&1 ||
-  fail "$(cat "$folder/log")"
+inside apt-get purge -y -o Dpkg::Use-Pty=0 "libkova$series" libkova-dev libkova-doc kova-tools \
+  >"$folder/log" 2>&1 || fail "$(cat "$folder/log")"
 inventory >"$folder/after"
 diff "$folder/before" "$folder/after" >&2 || fail 'purging leaves or takes what it should not'
 as_root rm -rf "$folder/root"

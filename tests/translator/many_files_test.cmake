@@ -5,7 +5,8 @@ file(MAKE_DIRECTORY ${folder}/models ${folder}/out ${folder}/alone)
 cmake_path(GET program PARENT_PATH bin)
 set(ENV{PATH} "${bin}:$ENV{PATH}")
 function(sh command)
-  execute_process(COMMAND sh -c "${command}" WORKING_DIRECTORY ${folder} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+  execute_process(COMMAND sh -c "${command}" WORKING_DIRECTORY ${folder}
+    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
   set(status ${status} PARENT_SCOPE)
   set(output "${output}" PARENT_SCOPE)
   set(errors "${errors}" PARENT_SCOPE)
@@ -47,8 +48,12 @@ foreach(line IN LISTS lines)
 endforeach()
 list(LENGTH lines count)
 expect("a line for each log" count EQUAL 15)
-foreach(one "out/cut.stl.json models/cut.stl Product Failed with code [0-9]+ .[A-Za-z ]+. NUMBER" "out/größe.stl.json models/größe.stl Product Completed Successfully NUMBER"
-    "out/tail's \"end\".stl.json models/tail's \"end\".stl Product Completed Successfully NUMBER" "out/stopped.json  Not finished NULL" "out/empty.json  Not finished NULL")
+foreach(one
+    "out/cut.stl.json models/cut.stl Product Failed with code [0-9]+ .[A-Za-z ]+. NUMBER"
+    "out/größe.stl.json models/größe.stl Product Completed Successfully NUMBER"
+    "out/tail's \"end\".stl.json models/tail's \"end\".stl Product Completed Successfully NUMBER"
+    "out/stopped.json  Not finished NULL"
+    "out/empty.json  Not finished NULL")
   if(NOT "\n${all}" MATCHES "\n${one}\n")
     message(FATAL_ERROR "'${one}' is missing in\n${all}")
   endif()
