@@ -124,3 +124,4 @@
 #include <kova/model/KOVASelectionSet.h>
 #include <kova/model/KOVAStrippedShell.h>
 #include <kova/model/KOVASurfacicShell.h>
+#include <kova/version.h>

@@ -1,0 +1,60 @@
+# Translates a folder with several processes at once, by the very command that the README shows for TOOL.
+
+file(REMOVE_RECURSE ${folder})
+file(MAKE_DIRECTORY ${folder}/models ${folder}/out ${folder}/alone)
+cmake_path(GET program PARENT_PATH bin)
+set(ENV{PATH} "${bin}:$ENV{PATH}")
+function(sh command)
+  execute_process(COMMAND sh -c "${command}" WORKING_DIRECTORY ${folder}
+    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+  set(status ${status} PARENT_SCOPE)
+  set(output "${output}" PARENT_SCOPE)
+  set(errors "${errors}" PARENT_SCOPE)
+endfunction()
+function(expect what)
+  if(NOT (${ARGN}))
+    message(FATAL_ERROR "${what}: not ${ARGN}\nstatus ${status}\n${output}\n${errors}")
+  endif()
+endfunction()
+
+# A dozen that are sound, with awkward names, and one that ends too early.
+sh("cp '${model}' alone/model.stl && kova-translate alone/model.stl alone/model.obj &&
+    for i in 1 2 3 4 5 6 7 8 9; do cp alone/model.stl \"models/part $i.stl\"; done &&
+    cp alone/model.stl 'models/größe.stl' && cp alone/model.stl \"models/tail's \\\"end\\\".stl\" &&
+    cp alone/model.obj models/part\\ 1.obj && head -c 1000 alone/model.stl >models/cut.stl")
+expect("making models" status EQUAL 0)
+
+file(STRINGS ${readme} command REGEX "^[$] .*${tool} .* kova-translate ")
+string(REGEX REPLACE "^[$] " "" command "${command}")
+sh("${command}")
+expect("the one failure shows" NOT status EQUAL 0)
+expect("only the one failure is said" errors MATCHES "^Error : models/cut.stl: [^\n]*\n$")
+sh("for model in models/*.stl; do
+      [ \"$model\" = models/cut.stl ] || cmp alone/model.obj \"out/\${model#models/}.obj\" || exit
+    done; ls | tr '\n' ' '; ls out | wc -l")
+expect("each is as if it were alone" status EQUAL 0)
+expect("nothing else is left" output MATCHES "^alone models out 25\n$") # 12 models, 13 logs
+
+sh("touch out/empty.json && head -n 3 'out/part 2.stl.json' >out/stopped.json && awk -f '${filter}' out/*.json")
+string(REGEX REPLACE "\n$" "" lines "${output}")
+string(REPLACE "\n" ";" lines "${lines}")
+set(all "")
+foreach(line IN LISTS lines)
+  string(JSON log GET "${line}" log)
+  string(JSON input GET "${line}" input)
+  string(JSON result GET "${line}" result)
+  string(JSON duration TYPE "${line}" duration)
+  string(APPEND all "${log} ${input} ${result} ${duration}\n")
+endforeach()
+list(LENGTH lines count)
+expect("a line for each log" count EQUAL 15)
+foreach(one
+    "out/cut.stl.json models/cut.stl Product Failed with code [0-9]+ .[A-Za-z ]+. NUMBER"
+    "out/größe.stl.json models/größe.stl Product Completed Successfully NUMBER"
+    "out/tail's \"end\".stl.json models/tail's \"end\".stl Product Completed Successfully NUMBER"
+    "out/stopped.json  Not finished NULL"
+    "out/empty.json  Not finished NULL")
+  if(NOT "\n${all}" MATCHES "\n${one}\n")
+    message(FATAL_ERROR "'${one}' is missing in\n${all}")
+  endif()
+endforeach()
