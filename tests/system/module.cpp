@@ -23,9 +23,6 @@ void Initialise() {
 
 void Finalise() {
     if (finalisations) ++*finalisations;
-#  ifdef MODULE_calling
-    KOVALibraryManager::FreeLibraries();
-#  endif
 }
 #endif
 }
