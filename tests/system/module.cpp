@@ -23,6 +23,9 @@ void Initialise() {
 
 void Finalise() {
     if (finalisations) ++*finalisations;
+#  ifdef MODULE_calling
+    KOVALibraryManager::FreeLibraries();
+#  endif
 }
 #endif
 }
