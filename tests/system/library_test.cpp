@@ -86,10 +86,10 @@ TEST(Library, AThousandLoads) {
     KOVALibrary good("test-good", "Initialise", nullptr);
     for (int i = 0; i < 1000; ++i) {
         KOVALibrary* const calling = library("test-calling");
-        library("test-bare"); // freed while the one before it is being freed
         EXPECT_EQ(*variable<int>(calling, "initialisations") + (*variable<int>(&good, "initialisations"))++, 2);
         EXPECT_EQ(*variable<int>(calling, "seen"), 1);
         good.FinalizeAndUnload();
+        library("test-bare"); // freed while the one before it is being freed
         KOVALibraryManager::FreeLibraries();
     }
 }
