@@ -50,7 +50,7 @@ void* openModule(fs::path const& file, std::string& reason) {
         LOAD_LIBRARY_SEARCH_DEFAULT_DIRS | (file.is_absolute() ? LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR : 0);
     DWORD mode = 0;
     SetThreadErrorMode(SEM_FAILCRITICALERRORS, &mode); // no dialogue about a damaged file
-    HMODULE const module = LoadLibraryExW(file.c_str(), nullptr, folders);
+    HMODULE const module = LoadLibraryExW(fs::path(file).make_preferred().c_str(), nullptr, folders);
     DWORD const error = GetLastError();
     SetThreadErrorMode(mode, nullptr);
     if (!module)

@@ -43,7 +43,7 @@ private:
 /// The module's file; its bare name where only the loader's own rules are left.
 fs::path moduleFile(char const* library) {
     std::string const name = std::string(library) + 'n' + kova::detail::moduleExtension();
-    fs::path const file = kova::detail::systemPath(name.c_str());
+    fs::path file = kova::detail::systemPath(name.c_str());
     std::error_code error;
     if (file.has_parent_path()) {
         fs::path const whole = fs::absolute(file, error);
@@ -103,10 +103,10 @@ void KOVALibrary::load() {
 
 bool KOVALibrary::call(KOVAString const& functionName) {
     void* function = nullptr;
-    if (GetFunction(functionName, function).IsFailure())
-        return false;
-    reinterpret_cast<void (*)()>(function)();
-    return true;
+    GetFunction(functionName, function);
+    if (function)
+        reinterpret_cast<void (*)()>(function)();
+    return function != nullptr;
 }
 
 KOVIResult KOVALibrary::LoadAndInitialize() {

@@ -8,8 +8,7 @@
 #include <kova/core/export.h>
 #include <kova/text/KOVAString.h>
 
-/// One of the toolkit's libraries, loaded when it is first needed. KOVALibraryManager makes and keeps them;
-/// the name handles are counted by is null.
+/// One of the toolkit's libraries, loaded when it is first needed. KOVALibraryManager makes and keeps them.
 ///
 /// The module's file is named as the library, with "n" and the system's extension behind it: "stln.dll",
 /// "stln.so". A name without a folder is looked for beside the running program, then beside this library, then
@@ -22,8 +21,8 @@
 class KOVA_API KOVALibrary : public KOVAReferenceCount {
 public:
     /// Loads nothing. The functions are named as the module exports them; they take no arguments, and either
-    /// name may be empty or null. A name of 64 characters or more is cut to 63, which two debug messages say, and
-    /// a library whose name was cut is never loaded. A null name is the empty one.
+    /// name may be empty or null. A name of 64 characters or more is cut to 63, which two debug messages say.
+    /// Callers depend on a library whose name was cut never being loaded. A null name is the empty one.
     KOVALibrary(char const* name, char const* initialisationFunction, char const* finalisationFunction);
     KOVALibrary(KOVALibrary const&) = delete;
     KOVALibrary& operator=(KOVALibrary const&) = delete;
@@ -41,19 +40,20 @@ public:
 
     /// Loads the module and calls its initialisation function, each unless that has been done. Callers depend on
     /// the success that it always reports: a module that does not load is a warning, and fails in GetFunction.
-    /// Without an initialisation function the library stays uninitialised, and the next call looks for it again.
+    /// Callers depend, too, on a library without initialisation function staying uninitialised: the next call
+    /// looks for the function again.
     KOVIResult LoadAndInitialize();
 
-    /// The address of what the module exports under the name, a function or a variable; it is good until the
-    /// module is unloaded. Loads and initialises first. Failure, an error message and null when there is none;
-    /// Invalid Argument for a null or empty name, which leaves `function` alone. While the initialisation
-    /// function runs, it may ask for the library's functions, too.
+    /// The address of what the module itself exports under the name, a function or a variable; it is good until
+    /// the module is unloaded. Loads and initialises first. Failure, an error message and null when there is
+    /// none; Invalid Argument for a null or empty name, which leaves `function` alone. The initialisation
+    /// function may ask for the library's functions, too.
     KOVIResult GetFunction(char const* functionName, void*& function);
 
-    /// Calls the finalisation function of an initialised library, then unloads the module, unless the
-    /// environment variable "KOVAFreeLibraries" is set to something else than "Yes", "True" or "On". Afterwards
-    /// the library can be loaded and initialised again. Always a success; does nothing while the module is being
-    /// loaded, initialised or finalised.
+    /// Calls the finalisation function of an initialised library, then unloads the module. Callers depend on the
+    /// environment variable "KOVAFreeLibraries" preventing only the latter, when it is set to something else than
+    /// "Yes", "True" or "On". Afterwards the library can be loaded and initialised again. Always a success; does
+    /// nothing while the module is being loaded, initialised or finalised.
     KOVIResult FinalizeAndUnload();
 
 private:
@@ -74,7 +74,7 @@ private:
 };
 
 /// Holds a library.
-class KOVALibraryHandle : public KOVAReferenceHandle {
+class KOVA_API KOVALibraryHandle : public KOVAReferenceHandle {
 public:
     KOVALibraryHandle(KOVALibrary* library = nullptr) : KOVAReferenceHandle(library) {}
 

@@ -29,9 +29,9 @@ public:
     /// unless somebody else holds it. Invalid Argument for null.
     static KOVIResult AddLibrary(KOVALibrary* library);
 
-    /// The library of that name; where none is known, a new one, which is kept. No module is loaded. A known
-    /// library keeps its functions; those given are then ignored. The pointer lives until FreeLibraries;
-    /// a KOVALibraryHandle keeps it longer. Invalid Argument and null for a null name.
+    /// The library of that name; where none is known, a new one, which is kept. No module is loaded. Callers
+    /// depend on a known library keeping its functions; those given are then ignored. The pointer lives until
+    /// FreeLibraries; a KOVALibraryHandle keeps it longer. Invalid Argument and null for a null name.
     static KOVIResult CreateLibrary(char const* name, char const* initialisationFunction,
                                     char const* finalisationFunction, KOVALibrary*& library);
 
