@@ -97,14 +97,14 @@ else()
   set(digits "--set;/XMesh/Export/Digits=3")
   set(origin "command line")
 endif()
-set(shown "/STL/Export/Ascii         On +command line
-/XMesh/Export/Digits      3 +${origin}
-/XMesh/Import/Degenerate  drop +file mesh.options, line 3
-/XMesh/Import/WeldTol     0 +default
+set(shown "/PLY/Export/Encoding      little  default
+/STL/Export/Ascii         On      command line
+/XMesh/Export/Digits      3       ${origin}
+/XMesh/Import/Degenerate  drop    file mesh.options, line 3
+/XMesh/Import/WeldTol     0       default
 ")
 set(warnings "^Warning : mesh.options: '/XGeneric/SewBody' has no effect here \\(line 4\\)\n${overridden}$")
-expect_run(0 "^/PLY/Export/Encoding      little +default
-${shown}$" "${warnings}" --show-options --ascii ${digits} --options mesh.options)
+expect_run(0 "^${shown}$" "${warnings}" --show-options --ascii ${digits} --options mesh.options)
 expect_run(0 "^${shown}flanged-bearing.stl: .*\nflanged-bearing.stl: 0 triangles without area dropped\n" "${warnings}"
   --show-options --options mesh.options --ascii flanged-bearing.stl ${digits} rounded.stl)
 file(STRINGS ${folder}/rounded.stl long REGEX "vertex.* -?[1-9][0-9]\\.[0-9][0-9]")
