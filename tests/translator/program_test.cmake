@@ -113,6 +113,7 @@ if(long)
 endif()
 
 # A library for another version of the interface is refused before any function of it is called.
+unset(ENV{KOVA/XMesh/Export/Digits})
 file(COPY ${bin}/ DESTINATION ${folder}/other FILES_MATCHING PATTERN "kova-translate*" PATTERN "*kova.*" PATTERN "kova_format_*")
 file(COPY ${other} DESTINATION ${folder}/other)
 file(WRITE ${folder}/in.xyz "0 0 0\n")
