@@ -51,8 +51,10 @@ private:
     std::uint32_t number(Vertex const& corner) { return grid_ ? grid_->add(corner) : table_.add(corner); }
     void beginLooks();
     std::uint32_t lookOf(Triangles const& triangles, std::size_t triangle, int corner);
-    bool dropsFace(Face const& face);
-    void removeFrom(std::size_t vertices, std::size_t positions);
+    Face withLooks(Face const& at, Triangles const& triangles, std::size_t triangle);
+    // Of positions.
+    bool dropsFace(Face const& at);
+    void removeFrom(std::size_t count);
 
     unsigned kept_;
     VertexTable table_;

@@ -218,7 +218,7 @@ TEST_F(Ply, BadInputIsOneErrorAndNoOutput) {
         {start, "3 times \"vertex\" need more than the 0 bytes that are left (line 3)"},
         {binary, "1 times \"face\" need more than the 0 bytes that are left (line 7)"},
         {face(2, 2), "a face with 2 corners" + offset[0]},
-        {face(-128, 2), "a face with -128 corners" + offset[0]},
+        {face(-128, 2), "a list of -128 values" + offset[0]},
         {face(3, 3), "there is no vertex 3; the file has 3, from 0" + offset[1]},
         {face(3, -1), "there is no vertex -1; the file has 3, from 0" + offset[1]},
         {face(4, 2), "the file breaks off where a number should follow" + offset[2]},

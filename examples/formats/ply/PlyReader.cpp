@@ -108,11 +108,16 @@ void PlyReader::checkCount(PlyElement const& element) const {
                               printable(element.name.substr(0, 40)).c_str(), values_.left())};
 }
 
-void PlyReader::skip(PlyProperty const& property) {
-    double count = property.countType ? values_.next(*property.countType) : 1;
+long long PlyReader::readCount(PlyProperty const& list) {
+    auto const count = static_cast<long long>(values_.next(*list.countType));
     if (count < 0)
-        throw PlyFailure{fail(kInvalidFile, file_, values_.place(), "a list of %g values", count)};
-    for (; count > 0; --count)
+        throw PlyFailure{fail(kInvalidFile, file_, values_.place(), "a list of %lld values", count)};
+    return count;
+}
+
+void PlyReader::skip(PlyProperty const& property) {
+    long long const count = property.countType ? readCount(property) : 1;
+    for (long long i = 0; i < count; ++i)
         values_.next(property.type);
 }
 
@@ -158,7 +163,7 @@ void PlyReader::readVertices(PlyElement const& element) {
         values_.endElement();
         vertices_.push_back({row[kX], row[kY], row[kZ]});
         if (hasColors)
-            colors_.emplace_back(row[kRed], row[kGreen], row[kBlue], row[kAlpha]);
+            colors_.push_back({row[kRed], row[kGreen], row[kBlue], row[kAlpha]});
         bool const isNormal =
             std::isfinite(row[kNormalX]) && std::isfinite(row[kNormalY]) && std::isfinite(row[kNormalZ]);
         if (hasNormals)
@@ -185,19 +190,21 @@ void PlyReader::addTriangle(std::size_t const (&corners)[3], ShellBuilder& shell
     for (std::size_t i = 0; i < 3; ++i) {
         if (!normals_.empty())
             normals[i] = normals_[corners[i]];
-        if (!colors_.empty())
-            colors[i] = colors_[corners[i]];
+        if (!colors_.empty()) {
+            auto const [red, green, blue, alpha] = colors_[corners[i]];
+            colors[i] = {red, green, blue, alpha};
+        }
     }
     shells.triangle(positions, normals_.empty() ? nullptr : normals, colors_.empty() ? nullptr : colors);
 }
 
 void PlyReader::readFace(PlyProperty const& indices, ShellBuilder& shells) {
-    double const count = values_.next(*indices.countType);
+    long long const count = readCount(indices);
     if (count < 3)
-        throw PlyFailure{fail(kInvalidFile, file_, values_.place(), "a face with %.0f corners", count)};
+        throw PlyFailure{fail(kInvalidFile, file_, values_.place(), "a face with %lld corners", count)};
     std::size_t const first = readIndex(indices.type);
     std::size_t last = readIndex(indices.type);
-    for (double i = 2; i < count; ++i) {
+    for (long long i = 2; i < count; ++i) {
         std::size_t const next = readIndex(indices.type);
         addTriangle({first, last, next}, shells);
         last = next;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -37,6 +38,7 @@ private:
     void readFaces(PlyElement const& element, ShellBuilder& shells);
     void readFace(PlyProperty const& indices, ShellBuilder& shells);
     std::size_t readIndex(PlyType type);
+    long long readCount(PlyProperty const& list);
     void skip(PlyProperty const& property);
     void addTriangle(std::size_t const (&corners)[3], ShellBuilder& shells) const;
 
@@ -44,8 +46,8 @@ private:
     char const* file_;
     PlyHeader header_;
     std::vector<Vertex> vertices_;
-    std::vector<Vertex> normals_;      ///< as many, or none
-    std::vector<KOVARGBColor> colors_; ///< likewise
+    std::vector<Vertex> normals_;              ///< as many, or none
+    std::vector<std::array<float, 4>> colors_; ///< likewise: red, green, blue and alpha from 0 to 1
     long long faces_ = 0;
 };
 
