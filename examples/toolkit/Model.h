@@ -62,6 +62,7 @@ struct Piece {
     Part& part;
     Material const* material; ///< null for none
     KOVASurfacicShell& shell;
+    float const* alphas = nullptr; ///< how opaque the colour of each point is; null where all are wholly
 };
 
 /// Where readers put a model.

@@ -27,7 +27,7 @@ public:
             material_ = piece.material;
             begin(piece.part, piece.material);
         }
-        write(Triangles(piece.shell));
+        write(Triangles(piece));
     }
     /// Writes what can be written only when everything is known. Nothing may come any more.
     virtual void finish() = 0;

@@ -1,6 +1,8 @@
 #include "ShellBuilder.h"
 
+#include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace toolkit {
 
@@ -21,17 +23,30 @@ void ShellBuilder::makeRoom(bool normals, bool colors) {
     extras_ = extras;
     if (normals)
         normals_.resize(points_.size());
-    if (colors)
+    if (colors) {
         colors_.resize(points_.size());
+        alphas_.resize(points_.size() / 3);
+    }
 }
 
-void ShellBuilder::triangle(Vertex const (&corners)[3], Vertex const* normals, Vertex const* colors) {
+void ShellBuilder::putColors(KOVARGBColor const* colors) {
+    for (std::size_t corner = 0; corner < 3; ++corner) {
+        std::size_t const at = 3 * triangles_ + corner;
+        float rgba[4];
+        colors[corner].GetRGBA(rgba);
+        std::copy_n(rgba, 3, colors_.begin() + static_cast<std::ptrdiff_t>(3 * at));
+        alphas_[at] = rgba[3];
+        isOpaque_ = isOpaque_ && rgba[3] == 1;
+    }
+}
+
+void ShellBuilder::triangle(Vertex const (&corners)[3], Vertex const* normals, KOVARGBColor const* colors) {
     makeRoom(normals != nullptr, colors != nullptr);
     put(points_, corners[0], corners[1], corners[2]);
     if (normals)
         put(normals_, normals[0], normals[1], normals[2]);
     if (colors)
-        put(colors_, colors[0], colors[1], colors[2]);
+        putColors(colors);
     ++triangles_;
 }
 
@@ -47,7 +62,8 @@ void ShellBuilder::flush() {
     shell.SetData(corners, points_.data(), (extras_ & kNormals) != 0 ? corners : 0, normals_.data(), corners,
                   faces_.data(), (extras_ & kColors) != 0 ? corners : 0, colors_.data());
     triangles_ = 0;
-    sink_.add({*part_, material_, shell});
+    bool const isOpaque = std::exchange(isOpaque_, true);
+    sink_.add({*part_, material_, shell, isOpaque ? nullptr : alphas_.data()});
 }
 
 } // namespace toolkit

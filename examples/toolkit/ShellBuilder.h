@@ -31,8 +31,8 @@ public:
         put(points_, a, b, c);
         ++triangles_;
     }
-    /// The same with what belongs to each corner; null for none. A colour is red, green and blue from 0 to 1.
-    void triangle(Vertex const (&corners)[3], Vertex const* normals, Vertex const* colors);
+    /// The same with what belongs to each corner; null for none. The colours must be valid.
+    void triangle(Vertex const (&corners)[3], Vertex const* normals, KOVARGBColor const* colors);
 
     /// Sends what waits. What waits when this goes is lost.
     void flush();
@@ -42,6 +42,7 @@ private:
     static constexpr unsigned kColors = 2;
 
     void makeRoom(bool normals, bool colors);
+    void putColors(KOVARGBColor const* colors);
     void put(std::vector<float>& to, Vertex const& a, Vertex const& b, Vertex const& c) const noexcept {
         float* at = to.data() + 9 * triangles_;
         for (Vertex const* const v : {&a, &b, &c}) {
@@ -60,6 +61,8 @@ private:
     std::vector<float> points_;
     std::vector<float> normals_;
     std::vector<float> colors_;
+    std::vector<float> alphas_;
+    bool isOpaque_ = true; ///< the waiting colours are
     std::vector<int> faces_;
 };
 

@@ -17,55 +17,75 @@ std::uint32_t bits(float value) noexcept {
     return result;
 }
 
-} // namespace
-
-VertexTable::VertexTable() : slots_(1024) {}
-
 /// Coordinates of a grid differ in few bits, and those are high. A product carries bits upwards only, so the
 /// first one's upper half is folded down, and of the second one the upper half is used.
-std::size_t VertexTable::firstSlot(Vertex const& v) const noexcept {
-    std::uint64_t hash = (std::uint64_t{bits(v.y)} << 32 | bits(v.x)) * 0x9E3779B97F4A7C15U;
-    hash = (hash ^ hash >> 32 ^ bits(v.z)) * 0xD6E8FEB86659FD93U;
-    return static_cast<std::size_t>(hash >> 32) & (slots_.size() - 1);
+std::uint64_t hashCode(std::uint32_t x, std::uint32_t y, std::uint32_t z) noexcept {
+    std::uint64_t const hash = (std::uint64_t{y} << 32 | x) * 0x9E3779B97F4A7C15U;
+    return (hash ^ hash >> 32 ^ z) * 0xD6E8FEB86659FD93U;
 }
 
-std::uint32_t VertexTable::add(Vertex const& v) {
-    std::size_t slot = firstSlot(v);
+std::uint64_t hashCode(Vertex const& v) noexcept {
+    return hashCode(bits(v.x), bits(v.y), bits(v.z));
+}
+
+std::uint64_t hashCode(Look const& look) noexcept {
+    auto const half = [](Vertex const& v) { return static_cast<std::uint32_t>(hashCode(v) >> 32); };
+    return hashCode(half(look.color), half(look.normal), bits(look.alpha));
+}
+
+std::uint64_t hashCode(Corner const& corner) noexcept {
+    return hashCode(corner.position, corner.look, 0);
+}
+
+} // namespace
+
+template <class Item> NumberTable<Item>::NumberTable() : slots_(1024) {}
+
+template <class Item> std::size_t NumberTable<Item>::firstSlot(Item const& item) const noexcept {
+    return static_cast<std::size_t>(hashCode(item) >> 32) & (slots_.size() - 1);
+}
+
+template <class Item> std::uint32_t NumberTable<Item>::add(Item const& item) {
+    std::size_t slot = firstSlot(item);
     for (; slots_[slot] != 0; slot = nextSlot(slot)) {
-        if (vertices_[slots_[slot] - 1] == v)
+        if (items_[slots_[slot] - 1] == item)
             return slots_[slot];
     }
-    if (vertices_.size() == std::numeric_limits<std::uint32_t>::max())
+    if (items_.size() == std::numeric_limits<std::uint32_t>::max())
         throw std::length_error("more than 4294967295 different vertices");
-    vertices_.push_back(v);
-    std::uint32_t const number = static_cast<std::uint32_t>(vertices_.size());
+    items_.push_back(item);
+    std::uint32_t const number = static_cast<std::uint32_t>(items_.size());
     slots_[slot] = number;
-    if (vertices_.size() > slots_.size() / 2)
+    if (items_.size() > slots_.size() / 2)
         grow();
     return number;
 }
 
 /// Leaves no gap that a search would end at: whatever was put behind it is gone already.
-void VertexTable::removeLast() {
-    std::size_t slot = firstSlot(vertices_.back());
-    while (slots_[slot] != vertices_.size())
+template <class Item> void NumberTable<Item>::removeLast() {
+    std::size_t slot = firstSlot(items_.back());
+    while (slots_[slot] != items_.size())
         slot = nextSlot(slot);
     slots_[slot] = 0;
-    vertices_.pop_back();
+    items_.pop_back();
 }
 
-/// The old slots go first: the vertices are all that is needed to fill the new ones.
-void VertexTable::grow() {
+/// The old slots go first: the items are all that is needed to fill the new ones.
+template <class Item> void NumberTable<Item>::grow() {
     std::size_t const size = 2 * slots_.size();
     slots_ = std::vector<std::uint32_t>();
     slots_.resize(size);
     std::uint32_t number = 0;
-    for (Vertex const& v : vertices_) {
-        std::size_t slot = firstSlot(v);
+    for (Item const& item : items_) {
+        std::size_t slot = firstSlot(item);
         while (slots_[slot] != 0)
             slot = nextSlot(slot);
         slots_[slot] = ++number;
     }
 }
+
+template class NumberTable<Vertex>;
+template class NumberTable<Look>;
+template class NumberTable<Corner>;
 
 } // namespace toolkit

@@ -8,27 +8,55 @@
 
 namespace toolkit {
 
-/// Different vertices in the order of first appearance. Only exactly equal ones are one; nothing is
-/// rounded, and a vertex keeps the bits of the first that was added.
-class VertexTable {
-public:
-    VertexTable();
+/// What a corner has beside its position.
+struct Look {
+    bool hasColor = false;
+    bool hasNormal = false;
+    Vertex color{};  ///< red, green and blue from 0 to 1
+    float alpha = 1; ///< of the colour: how opaque it is
+    Vertex normal{};
+};
 
-    void reserve(std::size_t vertices) { vertices_.reserve(vertices); }
-    /// The vertex's number, from 1. Throws std::length_error where 32 bits cannot count any further.
-    std::uint32_t add(Vertex const& v);
+inline bool operator==(Look const& a, Look const& b) noexcept {
+    return a.hasColor == b.hasColor && a.hasNormal == b.hasNormal && a.color == b.color && a.alpha == b.alpha &&
+           a.normal == b.normal;
+}
+
+/// A position and a look, by their numbers from 1; look 0 is none.
+struct Corner {
+    std::uint32_t position;
+    std::uint32_t look;
+};
+
+inline bool operator==(Corner const& a, Corner const& b) noexcept {
+    return a.position == b.position && a.look == b.look;
+}
+
+/// Different items in the order of first appearance. Only exactly equal ones are one; nothing is rounded, and an
+/// item keeps the bits of the first that was added. The upper half of its hashCode() is what counts.
+template <class Item> class NumberTable {
+public:
+    NumberTable();
+
+    void reserve(std::size_t items) { items_.reserve(items); }
+    /// The item's number, from 1. Throws std::length_error where 32 bits cannot count any further.
+    std::uint32_t add(Item const& item);
     void removeLast();
 
-    std::vector<Vertex> const& vertices() const noexcept { return vertices_; }
+    std::vector<Item> const& items() const noexcept { return items_; }
 
 private:
-    std::size_t firstSlot(Vertex const& v) const noexcept;
+    std::size_t firstSlot(Item const& item) const noexcept;
     std::size_t nextSlot(std::size_t slot) const noexcept { return (slot + 1) & (slots_.size() - 1); }
     void grow();
 
-    std::vector<Vertex> vertices_;
-    /// Numbers of vertices, 0 where there is none: a power of two of them, at most half of them taken.
+    std::vector<Item> items_;
+    /// Numbers of items, 0 where there is none: a power of two of them, at most half of them taken.
     std::vector<std::uint32_t> slots_;
 };
+
+using VertexTable = NumberTable<Vertex>;
+using LookTable = NumberTable<Look>;
+using CornerTable = NumberTable<Corner>;
 
 } // namespace toolkit

@@ -2,14 +2,14 @@
 
 namespace toolkit {
 
-WeldingWriter::WeldingWriter(Settings const& settings) : ModelWriter(settings.degenerate) {
+WeldingWriter::WeldingWriter(Settings const& settings, unsigned kept) : ModelWriter(settings.degenerate), kept_(kept) {
     if (settings.weldTolerance > 0)
         grid_.emplace(settings.weldTolerance);
 }
 
 /// Vertices that were made one, or left out, are not all that came.
 std::optional<std::size_t> WeldingWriter::vertices() const {
-    return grid_ || dropped() > 0 ? std::nullopt : std::make_optional(shared().size());
+    return grid_ || dropped() > 0 ? std::nullopt : std::make_optional(size());
 }
 
 void WeldingWriter::reserve(std::size_t triangles) {
@@ -18,27 +18,69 @@ void WeldingWriter::reserve(std::size_t triangles) {
     table_.reserve(triangles / 2 + 2);
 }
 
+void WeldingWriter::setColor(KOVARGBColor const* color) {
+    base_ = {};
+    if (!color || !color->IsValid())
+        return;
+    float rgba[4];
+    color->GetRGBA(rgba);
+    base_.hasColor = true;
+    base_.color = {rgba[0], rgba[1], rgba[2]};
+    base_.alpha = rgba[3];
+}
+
+/// The vertices so far have no look.
+void WeldingWriter::beginLooks() {
+    hasLooks_ = true;
+    corners_.reserve(positions().capacity());
+    for (std::uint32_t position = 1; position <= positions().size(); ++position)
+        corners_.add({position, 0});
+}
+
+std::uint32_t WeldingWriter::lookOf(Triangles const& triangles, std::size_t triangle, int corner) {
+    Look look = base_;
+    if ((kept_ & kColors) != 0 && triangles.hasColors()) {
+        look.hasColor = true;
+        look.color = triangles.color(triangle, corner);
+        if (triangles.hasAlphas())
+            look.alpha = triangles.alpha(triangle, corner);
+    }
+    if ((kept_ & kNormals) != 0 && triangles.hasNormals()) {
+        look.hasNormal = true;
+        look.normal = triangles.normal(triangle, corner);
+    }
+    return look == plain_ ? 0 : looks_.add(look);
+}
+
 void WeldingWriter::write(Triangles const& triangles) {
+    unsigned const come = (triangles.hasColors() ? kColors : 0) | (triangles.hasNormals() ? kNormals : 0);
+    if (!hasLooks_ && ((come & kept_) != 0 || base_.hasColor))
+        beginLooks();
     for (std::size_t i = 0; i < triangles.size(); ++i) {
-        std::size_t const before = shared().size();
+        std::size_t const vertices = size();
+        std::size_t const before = positions().size();
         Face face;
-        for (int corner = 0; corner < 3; ++corner)
-            face[static_cast<std::size_t>(corner)] = number(triangles.position(i, corner));
+        for (int corner = 0; corner < 3; ++corner) {
+            std::uint32_t const position = number(triangles.position(i, corner));
+            face[static_cast<std::size_t>(corner)] =
+                hasLooks_ ? corners_.add({position, lookOf(triangles, i, corner)}) : position;
+        }
         if (dropsFace(face))
-            removeFrom(before);
+            removeFrom(vertices, before);
         else
             faces_.push_back(face);
     }
 }
 
 bool WeldingWriter::dropsFace(Face const& face) {
-    std::vector<Vertex> const& vertices = shared();
-    return drops(vertices[face[0] - 1], vertices[face[1] - 1], vertices[face[2] - 1]);
+    return drops(position(face[0] - 1), position(face[1] - 1), position(face[2] - 1));
 }
 
 /// Removes vertices that only a dropped face has.
-void WeldingWriter::removeFrom(std::size_t vertices) {
-    while (shared().size() > vertices)
+void WeldingWriter::removeFrom(std::size_t vertices, std::size_t positions) {
+    while (hasLooks_ && size() > vertices)
+        corners_.removeLast();
+    while (this->positions().size() > positions)
         grid_ ? grid_->removeLast() : table_.removeLast();
 }
 

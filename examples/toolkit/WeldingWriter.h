@@ -12,10 +12,15 @@
 namespace toolkit {
 
 /// The base of writers whose formats have vertices first, and then triangles of their numbers. Equal corners are
-/// one vertex, and where there is a tolerance, near ones.
+/// one vertex, and where there is a tolerance, near ones. What a writer keeps beside positions must be equal too:
+/// corners of different colours are different vertices.
 class WeldingWriter : public ModelWriter {
 public:
-    explicit WeldingWriter(Settings const& settings);
+    // What is kept beside positions.
+    static constexpr unsigned kColors = 1;
+    static constexpr unsigned kNormals = 2;
+
+    explicit WeldingWriter(Settings const& settings, unsigned kept = 0);
 
     void reserve(std::size_t triangles) override;
     std::optional<std::size_t> vertices() const override;
@@ -26,17 +31,39 @@ protected:
 
     void write(Triangles const& triangles) override;
 
-    std::vector<Vertex> const& shared() const noexcept { return grid_ ? grid_->vertices() : table_.vertices(); }
+    /// For writers that keep colours: the triangles that follow have this one where they have none of their own, and
+    /// its alpha where all of theirs are opaque. Null for none.
+    void setColor(KOVARGBColor const* color);
+
+    // The vertices; `index` counts from 0.
+    std::size_t size() const noexcept { return hasLooks_ ? corners_.items().size() : positions().size(); }
+    Vertex const& position(std::size_t index) const noexcept {
+        return positions()[hasLooks_ ? corners_.items()[index].position - 1 : index];
+    }
+    Look const& look(std::size_t index) const noexcept {
+        std::uint32_t const number = hasLooks_ ? corners_.items()[index].look : 0;
+        return number == 0 ? plain_ : looks_.items()[number - 1];
+    }
     std::vector<Face> const& faces() const noexcept { return faces_; }
 
 private:
+    std::vector<Vertex> const& positions() const noexcept { return grid_ ? grid_->vertices() : table_.items(); }
     std::uint32_t number(Vertex const& corner) { return grid_ ? grid_->add(corner) : table_.add(corner); }
+    void beginLooks();
+    std::uint32_t lookOf(Triangles const& triangles, std::size_t triangle, int corner);
     bool dropsFace(Face const& face);
-    void removeFrom(std::size_t vertices);
+    void removeFrom(std::size_t vertices, std::size_t positions);
 
+    unsigned kept_;
     VertexTable table_;
     std::optional<VertexGrid> grid_; ///< in place of the table where near vertices are one
     std::vector<Face> faces_;
+
+    bool hasLooks_ = false; ///< vertices are corners; before the first look they are positions
+    CornerTable corners_;
+    LookTable looks_;
+    Look const plain_;
+    Look base_; ///< of corners that have nothing of their own
 };
 
 } // namespace toolkit

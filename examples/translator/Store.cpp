@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace toolkit {
 
@@ -30,7 +31,11 @@ std::unique_ptr<KOVASurfacicShell> duplicate(KOVASurfacicShell const& shell) {
 } // namespace
 
 void Store::add(Piece const& piece) {
-    entries_.push_back({&piece.part, piece.material, duplicate(piece.shell)});
+    int points = 0;
+    float* point = nullptr;
+    piece.shell.GetPoints(points, point);
+    std::vector<float> alphas(piece.alphas, piece.alphas ? piece.alphas + points : nullptr);
+    entries_.push_back({&piece.part, piece.material, duplicate(piece.shell), std::move(alphas)});
 }
 
 void Store::sortByPart() {
@@ -41,7 +46,7 @@ void Store::sortByPart() {
 void Store::forEach(std::function<void(Piece const&)> const& use) const {
     for (Entry const& entry : entries_) {
         std::unique_ptr<KOVASurfacicShell> const shell = duplicate(*entry.shell);
-        use({*entry.part, entry.material, *shell});
+        use({*entry.part, entry.material, *shell, entry.alphas.empty() ? nullptr : entry.alphas.data()});
     }
 }
 

@@ -11,7 +11,7 @@ namespace toolkit {
 /// A model that is held whole, because it is written more than once or in another order than it came.
 class Store {
 public:
-    /// Copies the piece's shell. Throws std::bad_alloc.
+    /// Copies what the piece refers to. Throws std::bad_alloc.
     void add(Piece const& piece);
 
     /// Puts the pieces of each part together.
@@ -24,6 +24,7 @@ private:
         Part* part;
         Material const* material;
         std::unique_ptr<KOVASurfacicShell> shell;
+        std::vector<float> alphas;
     };
     std::vector<Entry> entries_;
 };

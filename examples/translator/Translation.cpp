@@ -261,7 +261,7 @@ void Conversion::settleUnits() {
 
 void Conversion::add(Piece const& piece) {
     settleUnits();
-    read_ += static_cast<long long>(Triangles(piece.shell).size());
+    read_ += static_cast<long long>(Triangles(piece).size());
     if (isHeld_)
         store_.add(piece);
     else
@@ -270,7 +270,7 @@ void Conversion::add(Piece const& piece) {
 
 void Conversion::deliver(Piece const& piece, KOVAAssemblyComponentTransform const& placement) {
     place(piece.shell, placement);
-    Triangles const triangles(piece.shell);
+    Triangles const triangles(piece);
     piece.part.triangles += static_cast<long long>(triangles.size());
     measure_.add(triangles);
     if (!measure_.isFinite())
@@ -352,7 +352,7 @@ void Conversion::writeHeld() {
                 openOutput(nameForPart(*part));
             }
             last = part;
-            deliver({*part, piece.material, piece.shell}, placements_[i]);
+            deliver({*part, piece.material, piece.shell, piece.alphas}, placements_[i]);
         });
     }
 }

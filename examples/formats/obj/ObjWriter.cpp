@@ -35,8 +35,8 @@ void ObjWriter::writeName(std::string_view name) {
 
 void ObjWriter::finish() {
     dropEmptyRun();
-    for (Vertex const& vertex : shared())
-        out_.use(putVertex(out_.room(kLongestRecord), "v", vertex, digits_));
+    for (std::size_t i = 0; i < size(); ++i)
+        out_.use(putVertex(out_.room(kLongestRecord), "v", position(i), digits_));
     for (std::size_t i = 0; i < runs_.size(); ++i) {
         bool const isLast = i + 1 == runs_.size();
         // What has no name does not belong to the part before.
@@ -48,7 +48,7 @@ void ObjWriter::finish() {
 }
 
 std::string ObjWriter::description() const {
-    return "OBJ, " + std::to_string(faces().size()) + " faces, " + std::to_string(shared().size()) + " vertices";
+    return "OBJ, " + std::to_string(faces().size()) + " faces, " + std::to_string(size()) + " vertices";
 }
 
 } // namespace toolkit
