@@ -2,14 +2,10 @@
 
 namespace toolkit {
 
-namespace {
-
 std::string nameOf(KOVASelectionSet const& group) {
     KOVAString const name = group.GetName();
     return name.length() > 0 ? std::string(static_cast<char const*>(name)) : std::string();
 }
-
-} // namespace
 
 std::string Part::title() const {
     if (!name.empty())

@@ -68,8 +68,14 @@ void WeldingWriter::write(Triangles const& triangles) {
         if (dropsFace(face))
             removeFrom(vertices, before);
         else
-            faces_.push_back(face);
+            addFace(face, triangles, i);
     }
+}
+
+void WeldingWriter::addFace(Face const& face, Triangles const& triangles, std::size_t triangle) {
+    faces_.push_back(face);
+    if (triangles.hasNormals())
+        takeNormals(triangles, triangle);
 }
 
 bool WeldingWriter::dropsFace(Face const& face) {

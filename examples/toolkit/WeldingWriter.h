@@ -35,6 +35,9 @@ protected:
     /// its alpha where all of theirs are opaque. Null for none.
     void setColor(KOVARGBColor const* color);
 
+    /// For writers that keep normals apart from vertices: called behind each new one of the faces that has them.
+    virtual void takeNormals(Triangles const& /*triangles*/, std::size_t /*triangle*/) {}
+
     // The vertices; `index` counts from 0.
     std::size_t size() const noexcept { return hasLooks_ ? corners_.items().size() : positions().size(); }
     Vertex const& position(std::size_t index) const noexcept {
@@ -51,6 +54,7 @@ private:
     std::uint32_t number(Vertex const& corner) { return grid_ ? grid_->add(corner) : table_.add(corner); }
     void beginLooks();
     std::uint32_t lookOf(Triangles const& triangles, std::size_t triangle, int corner);
+    void addFace(Face const& face, Triangles const& triangles, std::size_t triangle);
     bool dropsFace(Face const& face);
     void removeFrom(std::size_t vertices, std::size_t positions);
 

@@ -126,7 +126,7 @@ KOVIResult ObjReader::readNormal(std::string_view numbers) {
     return result;
 }
 
-KOVIResult ObjReader::readCorner(std::string_view& corners, Corner& corner) {
+KOVIResult ObjReader::readCorner(std::string_view& corners, FaceCorner& corner) {
     Indices indices{};
     char const* const stop = readIndices(corners.data(), corners.data() + corners.size(), indices);
     if (!stop)
@@ -141,16 +141,16 @@ KOVIResult ObjReader::readCorner(std::string_view& corners, Corner& corner) {
 }
 
 /// Has normals where all corners have, and colours where one has; the others are white then.
-void ObjReader::addTriangle(Corner const& a, Corner const& b, Corner const& c, ShellBuilder& shells) const {
+void ObjReader::addTriangle(FaceCorner const& a, FaceCorner const& b, FaceCorner const& c, ShellBuilder& shells) const {
     bool const hasNormals = a.normal && b.normal && c.normal;
     if (!hasNormals && colors_.empty()) {
         shells.triangle(*a.position, *b.position, *c.position);
         return;
     }
-    Corner const corners[3] = {a, b, c};
+    FaceCorner const corners[3] = {a, b, c};
     Vertex positions[3];
     Vertex normals[3];
-    Vertex colors[3];
+    KOVARGBColor colors[3];
     bool hasColors = false;
     for (int i = 0; i < 3; ++i) {
         positions[i] = *corners[i].position;
@@ -158,7 +158,8 @@ void ObjReader::addTriangle(Corner const& a, Corner const& b, Corner const& c, S
             normals[i] = *corners[i].normal;
         std::size_t const at = static_cast<std::size_t>(corners[i].position - vertices_.data());
         bool const isColored = at < colors_.size() && !(colors_[at] == kNoColor);
-        colors[i] = isColored ? colors_[at] : kWhite;
+        Vertex const color = isColored ? colors_[at] : kWhite;
+        colors[i] = KOVARGBColor(color.x, color.y, color.z, 1.0F);
         hasColors = hasColors || isColored;
     }
     shells.triangle(positions, hasNormals ? normals : nullptr, hasColors ? colors : nullptr);
@@ -167,11 +168,11 @@ void ObjReader::addTriangle(Corner const& a, Corner const& b, Corner const& c, S
 KOVIResult ObjReader::readFace(std::string_view corners, ModelSink& sink, ShellBuilder& shells) {
     if (!isBegun_)
         beginShell(sink.scene(), shells);
-    Corner first{};
-    Corner last{};
+    FaceCorner first{};
+    FaceCorner last{};
     int known = 0;
     for (; !isDone(corners); ++known) {
-        Corner corner{};
+        FaceCorner corner{};
         KOVIResult const result = readCorner(corners, corner);
         if (result.IsFailure())
             return result;

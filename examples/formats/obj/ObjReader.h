@@ -27,7 +27,7 @@ public:
     std::string description(Found const& found) const override;
 
 private:
-    struct Corner {
+    struct FaceCorner {
         Vertex const* position;
         Vertex const* normal; ///< null for none
     };
@@ -36,7 +36,7 @@ private:
     KOVIResult readNumbers(std::string_view text, float* numbers, int most, int& known);
     KOVIResult readVertex(std::string_view numbers);
     KOVIResult readNormal(std::string_view numbers);
-    KOVIResult readCorner(std::string_view& corners, Corner& corner);
+    KOVIResult readCorner(std::string_view& corners, FaceCorner& corner);
     KOVIResult readFace(std::string_view corners, ModelSink& sink, ShellBuilder& shells);
     void readName(std::string_view keyword, std::string_view rest, Scene& scene);
     void readLibraries(std::string_view names, Scene& scene);
@@ -44,7 +44,7 @@ private:
     void useMaterial(std::string const& name);
 
     void addColor(float const* color);
-    void addTriangle(Corner const& a, Corner const& b, Corner const& c, ShellBuilder& shells) const;
+    void addTriangle(FaceCorner const& a, FaceCorner const& b, FaceCorner const& c, ShellBuilder& shells) const;
     void beginShell(Scene& scene, ShellBuilder& shells);
     std::string besideInput(std::string const& name) const;
     void warnOfMaterials() const;
