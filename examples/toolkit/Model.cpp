@@ -22,6 +22,8 @@ Part& Scene::addPart(std::string_view name, std::vector<std::string> const& grou
         KOVASelectionSet*& set = groupsByName_[each];
         if (!set)
             set = &groups_.emplace_back(KOVAString(each.c_str()), false);
+        if (set->IsMember(&part))
+            continue;
         set->AddMember(&part);
         part.groups.push_back(set);
     }

@@ -75,7 +75,8 @@ file(WRITE ${folder}/bad.options "/XMesh/Export/Digits=3\n/XMesh/Import/WeldTool
 set(mistakes "^Error : bad.options: unknown option '/XMesh/Import/WeldTool'; did you mean '/XMesh/Import/WeldTol'. \\(line 2\\)
 Error : bad.options: NAME=VALUE should stand here \\(line 3\\)
 Error : --set: '/STL/Export/Ascii' takes On or Off, not '100%s'\n$")
-expect_run(0 "^/STL/Export/Ascii         bool    Off   [^\n]+
+expect_run(0 "^/OBJ/Export/Normals       string  keep  [^\n]+
+/STL/Export/Ascii         bool    Off   [^\n]+
 /XMesh/Export/Digits      int     0     [^\n]+
 /XMesh/Import/Degenerate  string  keep  [^\n]+
 /XMesh/Import/WeldTol     double  0     [^\n]+\n$" "^$" --list-options)
@@ -102,7 +103,7 @@ set(shown "/STL/Export/Ascii         On    command line
 /XMesh/Import/WeldTol     0     default
 ")
 set(warnings "^Warning : mesh.options: '/XGeneric/SewBody' has no effect here \\(line 4\\)\n${overridden}$")
-expect_run(0 "^${shown}$" "${warnings}" --show-options --ascii ${digits} --options mesh.options)
+expect_run(0 "^/OBJ/Export/Normals       keep  default\n${shown}$" "${warnings}" --show-options --ascii ${digits} --options mesh.options)
 expect_run(0 "^${shown}flanged-bearing.stl: .*\nflanged-bearing.stl: 0 triangles without area dropped\n" "${warnings}"
   --show-options --options mesh.options --ascii flanged-bearing.stl ${digits} rounded.stl)
 file(STRINGS ${folder}/rounded.stl long REGEX "vertex.* -?[1-9][0-9]\\.[0-9][0-9]")

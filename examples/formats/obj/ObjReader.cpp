@@ -25,32 +25,26 @@ char const* readIndex(char const* at, char const* end, long long& index) noexcep
     return result.ec == std::errc() && index != 0 ? result.ptr : nullptr;
 }
 
-/// As they stand in a file.
-struct Indices {
-    long long vertex;
-    long long normal;
-    bool hasNormal;
-};
+/// Behind a vertex: "/texture", "//normal" or "/texture/normal"; textures are checked and left out. Returns the end;
+/// null where it is none of these.
+char const* readMore(char const* at, char const* end, ObjIndices& indices) noexcept {
+    long long texture = 0;
+    ++at;
+    if (at == end || *at != '/')
+        at = readIndex(at, end, texture);
+    if (!at || at == end || *at != '/')
+        return at;
+    auto const normal = std::from_chars(at + 1, end, indices.normal);
+    indices.hasNormal = true;
+    return normal.ec == std::errc() ? normal.ptr : nullptr;
+}
 
-/// "vertex", "vertex/texture", "vertex//normal" or "vertex/texture/normal"; textures are checked and left out.
 /// Returns the end; null where there is no corner.
-char const* readIndices(char const* begin, char const* end, Indices& indices) noexcept {
-    auto const result = std::from_chars(begin, end, indices.vertex);
-    if (result.ec != std::errc())
+inline char const* readIndices(char const* begin, char const* end, ObjIndices& indices) noexcept {
+    auto const vertex = std::from_chars(begin, end, indices.vertex);
+    if (vertex.ec != std::errc())
         return nullptr;
-    char const* at = result.ptr;
-    indices.hasNormal = false;
-    if (at != end && *at == '/') {
-        long long texture = 0;
-        ++at;
-        if (at == end || *at != '/')
-            at = readIndex(at, end, texture);
-        if (at && at != end && *at == '/') {
-            auto const normal = std::from_chars(at + 1, end, indices.normal);
-            at = normal.ec == std::errc() ? normal.ptr : nullptr;
-            indices.hasNormal = true;
-        }
-    }
+    char const* const at = vertex.ptr != end && *vertex.ptr == '/' ? readMore(vertex.ptr, end, indices) : vertex.ptr;
     return at && endsWord(at, end) ? at : nullptr;
 }
 
@@ -73,11 +67,6 @@ bool isFile(std::string const& name) {
 KOVIResult ObjReader::unexpected(std::string_view statement, char const* wanted) {
     skipBlanks(statement);
     return failUnexpected(file_, atLine(lines_.number()), firstWord(statement), wanted);
-}
-
-KOVIResult ObjReader::failIndex(char const* what, long long index, std::size_t count) {
-    return fail(kInvalidFile, file_, atLine(lines_.number()), "there is no %s %lld; %zu are defined so far", what,
-                index, count);
 }
 
 // --- vertices and faces
@@ -126,27 +115,18 @@ KOVIResult ObjReader::readNormal(std::string_view numbers) {
     return result;
 }
 
-KOVIResult ObjReader::readCorner(std::string_view& corners, FaceCorner& corner) {
-    Indices indices{};
-    char const* const stop = readIndices(corners.data(), corners.data() + corners.size(), indices);
-    if (!stop)
+KOVIResult ObjReader::failCorner(std::string_view corners, ObjIndices const* indices) {
+    if (!indices)
         return unexpected(corners, "a corner");
-    corner = {find(vertices_, indices.vertex), indices.hasNormal ? find(normals_, indices.normal) : nullptr};
-    if (!corner.position)
-        return failIndex("vertex", indices.vertex, vertices_.size());
-    if (indices.hasNormal && !corner.normal)
-        return failIndex("normal", indices.normal, normals_.size());
-    takeTo(corners, stop);
-    return kSuccess;
+    bool const isVertex = !find(vertices_, indices->vertex);
+    return fail(kInvalidFile, file_, atLine(lines_.number()), "there is no %s %lld; %zu are defined so far",
+                isVertex ? "vertex" : "normal", isVertex ? indices->vertex : indices->normal,
+                isVertex ? vertices_.size() : normals_.size());
 }
 
 /// Has normals where all corners have, and colours where one has; the others are white then.
 void ObjReader::addTriangle(FaceCorner const& a, FaceCorner const& b, FaceCorner const& c, ShellBuilder& shells) const {
     bool const hasNormals = a.normal && b.normal && c.normal;
-    if (!hasNormals && colors_.empty()) {
-        shells.triangle(*a.position, *b.position, *c.position);
-        return;
-    }
     FaceCorner const corners[3] = {a, b, c};
     Vertex positions[3];
     Vertex normals[3];
@@ -168,19 +148,25 @@ void ObjReader::addTriangle(FaceCorner const& a, FaceCorner const& b, FaceCorner
 KOVIResult ObjReader::readFace(std::string_view corners, ModelSink& sink, ShellBuilder& shells) {
     if (!isBegun_)
         beginShell(sink.scene(), shells);
+    bool const isPlain = normals_.empty() && colors_.empty();
     FaceCorner first{};
     FaceCorner last{};
     int known = 0;
     for (; !isDone(corners); ++known) {
-        FaceCorner corner{};
-        KOVIResult const result = readCorner(corners, corner);
-        if (result.IsFailure())
-            return result;
+        ObjIndices indices{};
+        char const* const stop = readIndices(corners.data(), corners.data() + corners.size(), indices);
+        FaceCorner const corner = {find(vertices_, indices.vertex),
+                                   indices.hasNormal ? find(normals_, indices.normal) : nullptr};
+        if (!stop || !corner.position || (indices.hasNormal && !corner.normal))
+            return failCorner(corners, stop ? &indices : nullptr);
         if (known == 0)
             first = corner;
+        else if (known > 1 && isPlain)
+            shells.triangle(*first.position, *last.position, *corner.position);
         else if (known > 1)
             addTriangle(first, last, corner, shells);
         last = corner;
+        takeTo(corners, stop);
     }
     if (known < 3)
         return fail(kInvalidFile, file_, atLine(lines_.number()), "a face with %d corners", known);
@@ -194,6 +180,7 @@ KOVIResult ObjReader::readFace(std::string_view corners, ModelSink& sink, ShellB
 void ObjReader::beginShell(Scene& scene, ShellBuilder& shells) {
     std::vector<std::string> sorted = groups_;
     std::sort(sorted.begin(), sorted.end());
+    sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
     std::string key = object_;
     for (std::string const& group : sorted)
         key += '\n' + group;

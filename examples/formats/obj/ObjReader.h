@@ -15,6 +15,13 @@
 
 namespace toolkit {
 
+/// Of a face's corner, as they stand in a file.
+struct ObjIndices {
+    long long vertex;
+    long long normal;
+    bool hasNormal;
+};
+
 /// Reads the vertices with their colours, the normals and the faces of OBJ, objects, groups, and materials with
 /// their libraries. Faces become fans of triangles around their first corner; other statements are left out.
 class ObjReader : public ModelReader {
@@ -36,7 +43,8 @@ private:
     KOVIResult readNumbers(std::string_view text, float* numbers, int most, int& known);
     KOVIResult readVertex(std::string_view numbers);
     KOVIResult readNormal(std::string_view numbers);
-    KOVIResult readCorner(std::string_view& corners, FaceCorner& corner);
+    /// Indices are null where there are none.
+    KOVIResult failCorner(std::string_view corners, ObjIndices const* indices);
     KOVIResult readFace(std::string_view corners, ModelSink& sink, ShellBuilder& shells);
     void readName(std::string_view keyword, std::string_view rest, Scene& scene);
     void readLibraries(std::string_view names, Scene& scene);
@@ -48,7 +56,6 @@ private:
     void beginShell(Scene& scene, ShellBuilder& shells);
     std::string besideInput(std::string const& name) const;
     void warnOfMaterials() const;
-    KOVIResult failIndex(char const* what, long long index, std::size_t count);
     KOVIResult unexpected(std::string_view statement, char const* wanted);
 
     KOVABlockReader in_;
