@@ -141,6 +141,7 @@ private:
     void beginOutput(Output& output);
     void completeOutput(Output& output);
     static void requireOpen(OutputFile const& file);
+    void requireNotRead(OutputFile const& file) const;
     static void complete(OutputFile& file, long long bytes);
     static void keep(OutputFile& file);
     void keepOutputs();
@@ -309,6 +310,15 @@ void Conversion::beginOutput(Output& output) {
         output.writer->reserve(expected_);
 }
 
+/// It would lose what the output does not keep of it.
+void Conversion::requireNotRead(OutputFile const& file) const {
+    for (std::string const& name : reader_->furtherFiles()) {
+        if (isSameFile(name.c_str(), file.name()))
+            throw Failed{
+                fail(kInvalidArgument, file.name(), kNowhere, "was read with the input; name another file to write")};
+    }
+}
+
 void Conversion::complete(OutputFile& file, long long bytes) {
     if (!file.complete())
         throw Failed{fail(kFileSaveError, file.name(), atByte(file.size()),
@@ -320,8 +330,10 @@ void Conversion::completeOutput(Output& output) {
         beginOutput(output);
     output.writer->finish();
     output.further = output.writer->takeFiles();
-    for (FurtherFile const& each : output.further)
+    for (FurtherFile const& each : output.further) {
         requireOpen(*each.file);
+        requireNotRead(*each.file);
+    }
     complete(output.file, output.writer->bytes());
     for (FurtherFile const& each : output.further)
         complete(*each.file, each.bytes);

@@ -154,10 +154,10 @@ TEST_F(Obj, Materials) {
         std::string library, contents, materials, faces;
         Texts warnings;
     } const rows[] = {
-        {"newmtl a b\nKd 1 .5 0 # c\nillum 2\nd 0.25\nnewmtl c\nnewmtl d\nKd .5\nTr 0.75\n",
-         "mtllib lib.mtl\nusemtl d\nf 1 2 3\nusemtl c\nf 1 2 3\nusemtl a b\nf 1 2 3\nusemtl\nf 1 2 3\n",
-         "newmtl d\nKd 0.5 0.5 0.5\nd 0.25\nnewmtl c\nKd 1 1 1\nd 1\nnewmtl a_b\nKd 1 0.5 0\nd 0.25\n",
-         "usemtl d\nf 1 2 3\nusemtl c\nf 1 2 3\nusemtl a_b\nf 1 2 3\nusemtl\nf 1 2 3\n",
+        {"newmtl a b\nKd 1 .5 0 # c\nillum 2\nd 0.25\nnewmtl c\\ \nnewmtl d\nKd .5\nTr 0.75\n",
+         "mtllib lib.mtl\nusemtl d\nf 1 2 3\nusemtl c\\ \nf 1 2 3\nusemtl a b\nf 1 2 3\nusemtl\nf 1 2 3\n",
+         "newmtl d\nKd 0.5 0.5 0.5\nd 0.25\nnewmtl c\\ \nKd 1 1 1\nd 1\nnewmtl a_b\nKd 1 0.5 0\nd 0.25\n",
+         "usemtl d\nf 1 2 3\nusemtl c\\ \nf 1 2 3\nusemtl a_b\nf 1 2 3\nusemtl\nf 1 2 3\n",
          {}},
         {"\xEF\xBB\xBFnewmtl x\nKd 7 -1 0\r\nnewmtl x y\nnewmtl x_y\nTr 2",
          "mtllib none lib.mtl # 1\nmtllib lib.mtl\ng a\nusemtl x y\nf 1 2 3\nusemtl x_y\nf 1 2 3\nusemtl x\nf 1 2 3\n",
@@ -204,6 +204,8 @@ TEST_F(Obj, OlderFilesStayWhenTheMaterialsCannotBeWritten) {
     strict.options.Add("/XMesh/Import/Degenerate", "fail");
     EXPECT_EQ(translate(strict), 21U);
     EXPECT_EQ(folder_.read("out.mtl"), "older too");
+    EXPECT_EQ(translate(job("lib.obj")), 11U);
+    EXPECT_EQ(events_.events, Texts{"80 Error : obj/lib.mtl: was read with the input; name another file to write\n"});
     std::filesystem::remove(folder_.path("out.mtl"));
     std::filesystem::create_directory(folder_.path("out.mtl"));
     EXPECT_EQ(translate(job("out.obj")), 14U);
@@ -257,11 +259,14 @@ TEST_F(Obj, NormalsHaveLengthOne) {
     }
 }
 
-TEST_F(Obj, TellsNormalsThatPointToTheOtherSide) {
-    EXPECT_EQ(run(kTriangle + "vn 0 0 1\nvn 1 0 -.1\nvn 1 0 0\nf 1//1 2//1 3//1\nf 1//1 3//1 2//1\nf 1//2 2//2 3//2\n"
-                              "f 1//3 2//3 3//3\nf 1//1 2//2 3//2\nf 1 3 2\n"),
-              0U);
-    EXPECT_EQ(warnings(), Texts{"obj/in.obj: 2 triangles whose normals point to the other side"});
+TEST_F(Obj, TellsWhatIsOddInColoursAndNormals) {
+    EXPECT_EQ(
+        run(kTriangle +
+            "v 0 0 0 0 0 1.5\nvn 0 0 1\nvn 1 0 -.1\nvn 1 0 0\nf 1//1 2//1 3//1\nf 1//1 3//1 2//1\nf 1//2 2//2 3//2\n"
+            "f 1//3 2//3 3//3\nf 1//1 2//2 3//2\nf 1 3 2\n"),
+        0U);
+    EXPECT_EQ(warnings(), (Texts{"obj/in.obj: 1 vertices whose colours go beyond 0 to 1",
+                                 "obj/in.obj: 2 triangles whose normals point to the other side"}));
 }
 
 TEST_F(Obj, EveryObjectComesToStlAndToFilesOfItsOwn) {

@@ -216,10 +216,12 @@ void ObjReader::readLibrary(std::string const& name, Scene& scene) {
     std::string const path = besideInput(name);
     // What is no file may have no end.
     File const file(isFile(path) ? KOVAFilePath(path.c_str()).OpenFile(KOVAString("rb")) : nullptr);
-    if (file)
-        MaterialReader(file.get(), path, scene, materials_).read();
-    else
+    if (!file) {
         warn(file_, atLine(lines_.number()), "the material library \"%s\" cannot be opened", name.c_str());
+        return;
+    }
+    addFurtherFile(path);
+    MaterialReader(file.get(), path, scene, materials_).read();
 }
 
 void ObjReader::useMaterial(std::string const& name) {

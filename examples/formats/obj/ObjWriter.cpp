@@ -34,6 +34,15 @@ std::string groupsOf(Part const& part) {
     return names;
 }
 
+void writeName(KOVABlockWriter& out, std::string_view keyword, std::string_view name) {
+    out.write(keyword);
+    if (!name.empty())
+        out.write(' ');
+    out.write(name);
+    // A backslash at the end would continue the line.
+    out.write(!name.empty() && name.back() == '\\' ? " \n" : "\n");
+}
+
 char* putCorner(char* to, std::uint32_t vertex, std::uint32_t normal) noexcept {
     to = put(putNumber(to, vertex), "/");
     char* const blank = to;
@@ -104,7 +113,7 @@ void ObjWriter::writeHead() {
         out_.write("# units = " + unit_ + "\n");
     std::string const path = materialsPath(file_.name());
     if (!materials_.empty())
-        writeName("mtllib", path.substr(path.find_last_of("/\\") + 1));
+        writeName(out_, "mtllib", path.substr(path.find_last_of("/\\") + 1));
 }
 
 void ObjWriter::writeVertices() {
@@ -129,15 +138,6 @@ void ObjWriter::writeFaces(std::size_t begin, std::size_t end) {
     }
 }
 
-void ObjWriter::writeName(std::string_view keyword, std::string_view name) {
-    out_.write(keyword);
-    if (!name.empty())
-        out_.write(' ');
-    out_.write(name);
-    // A backslash at the end would continue the line.
-    out_.write(!name.empty() && name.back() == '\\' ? " \n" : "\n");
-}
-
 /// Those that change. An object may end the groups before it, or may not: readers differ.
 void ObjWriter::writeNames(Run const* before, Run const& run) {
     if (!before || before->part != run.part) {
@@ -146,13 +146,13 @@ void ObjWriter::writeNames(Run const* before, Run const& run) {
         // What has no name does not belong to the part before.
         bool const beginsObject = !name.empty() || (before && !before->part->name.empty());
         if (beginsObject)
-            writeName("o", name);
+            writeName(out_, "o", name);
         if (beginsObject ? !groups.empty() || (before && !before->part->groups.empty())
                          : groups != (before ? groupsOf(*before->part) : ""))
-            writeName("g", groups);
+            writeName(out_, "g", groups);
     }
     if (run.material != (before ? before->material : nullptr))
-        writeName("usemtl", run.material ? materialNames_[run.material] : "");
+        writeName(out_, "usemtl", run.material ? materialNames_[run.material] : "");
 }
 
 void ObjWriter::writeMaterials() {
@@ -163,7 +163,7 @@ void ObjWriter::writeMaterials() {
         for (Material const* const material : materials_) {
             float rgba[4];
             material->color.GetRGBA(rgba);
-            out.write("newmtl " + materialNames_[material] + "\n");
+            writeName(out, "newmtl", materialNames_[material]);
             out.use(putVertex(out.room(kLongestRecord), "Kd", {rgba[0], rgba[1], rgba[2]}, digits_));
             out.use(put(putNumber(put(out.room(kLongestRecord), "d"), rgba[3], digits_), "\n"));
         }

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <set>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -45,7 +44,6 @@ private:
     void addFaceNormals();
     void writeHead();
     void writeVertices();
-    void writeName(std::string_view keyword, std::string_view name);
     void writeNames(Run const* before, Run const& run);
     void writeFaces(std::size_t begin, std::size_t end);
     void writeMaterials();
