@@ -2,14 +2,10 @@
 
 namespace toolkit {
 
-namespace {
-
 std::string nameOf(KOVASelectionSet const& group) {
     KOVAString const name = group.GetName();
     return name.length() > 0 ? std::string(static_cast<char const*>(name)) : std::string();
 }
-
-} // namespace
 
 std::string Part::title() const {
     if (!name.empty())
@@ -26,6 +22,8 @@ Part& Scene::addPart(std::string_view name, std::vector<std::string> const& grou
         KOVASelectionSet*& set = groupsByName_[each];
         if (!set)
             set = &groups_.emplace_back(KOVAString(each.c_str()), false);
+        if (set->IsMember(&part))
+            continue;
         set->AddMember(&part);
         part.groups.push_back(set);
     }

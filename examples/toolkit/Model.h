@@ -17,6 +17,8 @@ struct Material {
     KOVARGBColor color; ///< its alpha is how opaque it is
 };
 
+std::string nameOf(KOVASelectionSet const& group);
+
 /// An object, or what lies in the same groups: what shells belong to.
 struct Part {
     std::string name;                                 ///< of the object; empty where it has none

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <kova/core/KOVIResult.h>
 
@@ -39,15 +40,19 @@ public:
     std::string const& headerText() const noexcept { return headerText_; }
     /// The unit of length, as the file calls it there: "mm" of "Units = mm"; empty where it does not.
     std::string const& units() const noexcept { return units_; }
+    /// The files beside the input that were read too.
+    std::vector<std::string> const& furtherFiles() const noexcept { return furtherFiles_; }
 
 protected:
     /// For each text in front of the model: keeps the beginning of the first that is more than blanks, and what the
     /// first that says so calls the unit.
     void takeHeaderText(std::string_view text);
+    void addFurtherFile(std::string const& name) { furtherFiles_.push_back(name); }
 
 private:
     std::string headerText_;
     std::string units_;
+    std::vector<std::string> furtherFiles_;
 };
 
 } // namespace toolkit

@@ -1,14 +1,24 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Model.h"
+#include "OutputFile.h"
 #include "Settings.h"
 #include "Triangles.h"
 
 namespace toolkit {
+
+/// One that stands beside a writer's output.
+struct FurtherFile {
+    std::unique_ptr<OutputFile> file;
+    std::string description; ///< "2 materials"
+    long long bytes;         ///< handed to it
+};
 
 /// Writes a model to a file, piece by piece, and keeps only what its format forces it to.
 class ModelWriter {
@@ -31,6 +41,10 @@ public:
     }
     /// Writes what can be written only when everything is known. Nothing may come any more.
     virtual void finish() = 0;
+
+    /// Once it is finished: the files that belong to the output, for the caller to complete and keep with it. One that
+    /// could not be created is the last, and errno tells why.
+    virtual std::vector<FurtherFile> takeFiles() { return {}; }
 
     /// What was written, "OBJ, 2 faces, 4 vertices".
     virtual std::string description() const = 0;

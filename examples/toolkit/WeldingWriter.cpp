@@ -73,8 +73,14 @@ void WeldingWriter::write(Triangles const& triangles) {
         if (dropsFace(at))
             removeFrom(before);
         else
-            faces_.push_back(hasLooks_ ? withLooks(at, triangles, i) : at);
+            addFace(at, triangles, i);
     }
+}
+
+void WeldingWriter::addFace(Face const& at, Triangles const& triangles, std::size_t triangle) {
+    faces_.push_back(hasLooks_ ? withLooks(at, triangles, triangle) : at);
+    if (triangles.hasNormals())
+        takeNormals(triangles, triangle);
 }
 
 bool WeldingWriter::dropsFace(Face const& at) {

@@ -35,6 +35,9 @@ protected:
     /// its alpha where all of theirs are opaque. Null for none.
     void setColor(KOVARGBColor const* color);
 
+    /// For writers that keep normals apart from vertices: called behind each new one of the faces that has them.
+    virtual void takeNormals(Triangles const& /*triangles*/, std::size_t /*triangle*/) {}
+
     // The vertices; `index` counts from 0.
     std::size_t size() const noexcept { return hasLooks_ ? corners_.items().size() : positions().size(); }
     Vertex const& position(std::size_t index) const noexcept {
@@ -52,6 +55,7 @@ private:
     void beginLooks();
     std::uint32_t lookOf(Triangles const& triangles, std::size_t triangle, int corner);
     Face withLooks(Face const& at, Triangles const& triangles, std::size_t triangle);
+    void addFace(Face const& at, Triangles const& triangles, std::size_t triangle);
     // Of positions.
     bool dropsFace(Face const& at);
     void removeFrom(std::size_t count);

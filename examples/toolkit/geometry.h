@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <stdexcept>
 #include <string>
 
@@ -28,6 +29,29 @@ inline Vector areaVector(Vertex const& a, Vertex const& b, Vertex const& c) noex
     double const vy = double{c.y} - a.y;
     double const vz = double{c.z} - a.z;
     return {uy * vz - uz * vy, uz * vx - ux * vz, ux * vy - uy * vx};
+}
+
+/// Of length 1 in the same direction; all zeros for a vector without length.
+inline Vertex unit(Vector const& v) noexcept {
+    double const length = std::sqrt(v.x * v.x + v.y * v.y + v.z * v.z);
+    if (length == 0)
+        return {};
+    // What is added makes 0 of -0.
+    return {static_cast<float>(v.x / length) + 0.0F, static_cast<float>(v.y / length) + 0.0F,
+            static_cast<float>(v.z / length) + 0.0F};
+}
+
+/// The same. What has this length already, but for rounding, keeps its bits.
+inline Vertex unit(Vertex const& v) noexcept {
+    constexpr double kRounding = 1e-6;
+    Vector const wide = {v.x, v.y, v.z};
+    double const square = wide.x * wide.x + wide.y * wide.y + wide.z * wide.z;
+    return std::fabs(square - 1) <= kRounding ? v : unit(wide);
+}
+
+/// Of length 1, to the side from which the corners turn left; all zeros for a triangle without area.
+inline Vertex unitNormal(Vertex const& a, Vertex const& b, Vertex const& c) noexcept {
+    return unit(areaVector(a, b, c));
 }
 
 /// Two corners are equal, or all lie on a line.

@@ -36,12 +36,16 @@ inline char* putNumber(char* to, float value, int digits) noexcept {
     return putDigits(to + 1, value, digits);
 }
 
-/// A line: the word and three coordinates.
-inline char* putVertex(char* to, std::string_view word, Vertex const& v, int digits) noexcept {
-    to = put(to, word);
+/// Three numbers, likewise.
+inline char* putNumbers(char* to, Vertex const& v, int digits) noexcept {
     for (float const coordinate : {v.x, v.y, v.z})
         to = putNumber(to, coordinate, digits);
-    return put(to, "\n");
+    return to;
+}
+
+/// A line: the word and three coordinates.
+inline char* putVertex(char* to, std::string_view word, Vertex const& v, int digits) noexcept {
+    return put(putNumbers(put(to, word), v, digits), "\n");
 }
 
 } // namespace toolkit

@@ -8,8 +8,21 @@ namespace toolkit {
 
 namespace {
 
+double dot(Vector const& a, Vector const& b) noexcept {
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
 double length(Vector const& v) noexcept {
-    return std::sqrt(v.x * v.x + v.y * v.y + v.z * v.z);
+    return std::sqrt(dot(v, v));
+}
+
+Vector normalSum(Triangles const& triangles, std::size_t triangle) noexcept {
+    Vector sum{};
+    for (int corner = 0; corner < 3; ++corner) {
+        Vertex const n = triangles.normal(triangle, corner);
+        sum = {sum.x + n.x, sum.y + n.y, sum.z + n.z};
+    }
+    return sum;
 }
 
 } // namespace
@@ -35,6 +48,7 @@ void Measure::add(Triangles const& triangles) {
         volume_ += ((double{a.x} - origin_.x) * twice.x + (double{a.y} - origin_.y) * twice.y +
                     (double{a.z} - origin_.z) * twice.z) /
                    6;
+        facingAway_ += triangles.hasNormals() && dot(normalSum(triangles, i), twice) < 0 ? 1 : 0;
     }
 }
 

@@ -25,6 +25,8 @@ public:
     /// The areas, each as a vector square to its triangle, add up to nothing. They do so on every closed surface,
     /// and on an open one only by chance.
     bool looksClosed() const noexcept;
+    /// Triangles whose normals, taken together, point to the side from which the corners turn right.
+    long long facingAway() const noexcept { return facingAway_; }
     long long triangles() const noexcept { return triangles_; }
 
 private:
@@ -36,6 +38,7 @@ private:
     double area_ = 0;
     double volume_ = 0;
     long long triangles_ = 0;
+    long long facingAway_ = 0;
 };
 
 } // namespace toolkit

@@ -111,6 +111,7 @@ struct Output {
     std::optional<std::size_t> vertices;
     long long written = 0;
     long long dropped = 0;
+    std::vector<FurtherFile> further; ///< complete with it
 };
 
 /// One translation, task by task. Triangles are translated while they are read, so that task lies within the
@@ -139,6 +140,10 @@ private:
     void openOutput(std::string const& name);
     void beginOutput(Output& output);
     void completeOutput(Output& output);
+    static void requireOpen(OutputFile const& file);
+    void requireNotRead(OutputFile const& file) const;
+    static void complete(OutputFile& file, long long bytes);
+    static void keep(OutputFile& file);
     void keepOutputs();
     void writeHeld();
     std::string nameForPart(Part const& part);
@@ -286,10 +291,14 @@ void Conversion::deliver(Piece const& piece, KOVAAssemblyComponentTransform cons
 void Conversion::openOutput(std::string const& name) {
     if (isSameFile(input_, name.c_str()))
         throw Failed{fail(kInvalidArgument, name.c_str(), kNowhere, "is the input too; name another file to write")};
-    if (!outputs_.emplace_back(name).file.isOpen()) {
-        int const error = errno;
-        throw Failed{fail(kFileOpenError, name.c_str(), kNowhere, "cannot be created: %s", std::strerror(error))};
-    }
+    requireOpen(outputs_.emplace_back(name).file);
+}
+
+/// At once: errno still tells why.
+void Conversion::requireOpen(OutputFile const& file) {
+    int const error = errno;
+    if (!file.isOpen())
+        throw Failed{fail(kFileOpenError, file.name(), kNowhere, "cannot be created: %s", std::strerror(error))};
 }
 
 /// Not before the units are settled: formats write them in front.
@@ -301,14 +310,33 @@ void Conversion::beginOutput(Output& output) {
         output.writer->reserve(expected_);
 }
 
+/// It would lose what the output does not keep of it.
+void Conversion::requireNotRead(OutputFile const& file) const {
+    for (std::string const& name : reader_->furtherFiles()) {
+        if (isSameFile(name.c_str(), file.name()))
+            throw Failed{
+                fail(kInvalidArgument, file.name(), kNowhere, "was read with the input; name another file to write")};
+    }
+}
+
+void Conversion::complete(OutputFile& file, long long bytes) {
+    if (!file.complete())
+        throw Failed{fail(kFileSaveError, file.name(), atByte(file.size()),
+                          "only %lld of %lld bytes could be written; is the disk full?", file.size(), bytes)};
+}
+
 void Conversion::completeOutput(Output& output) {
     if (!output.writer)
         beginOutput(output);
     output.writer->finish();
-    if (!output.file.complete())
-        throw Failed{fail(kFileSaveError, output.file.name(), atByte(output.file.size()),
-                          "only %lld of %lld bytes could be written; is the disk full?", output.file.size(),
-                          output.writer->bytes())};
+    output.further = output.writer->takeFiles();
+    for (FurtherFile const& each : output.further) {
+        requireOpen(*each.file);
+        requireNotRead(*each.file);
+    }
+    complete(output.file, output.writer->bytes());
+    for (FurtherFile const& each : output.further)
+        complete(*each.file, each.bytes);
     output.description = output.writer->description();
     output.bytes = output.writer->bytes();
     output.vertices = output.writer->vertices();
@@ -317,10 +345,16 @@ void Conversion::completeOutput(Output& output) {
     output.writer.reset();
 }
 
+void Conversion::keep(OutputFile& file) {
+    if (!file.keep())
+        throw Failed{fail(kFileSaveError, file.name(), kNowhere, "cannot be replaced")};
+}
+
 void Conversion::keepOutputs() {
     for (Output& output : outputs_) {
-        if (!output.file.keep())
-            throw Failed{fail(kFileSaveError, output.file.name(), kNowhere, "cannot be replaced")};
+        keep(output.file);
+        for (FurtherFile const& each : output.further)
+            keep(*each.file);
     }
 }
 
@@ -399,8 +433,13 @@ void Conversion::report() const {
         inform(input_, "surface area %g, not closed, %s", measure_.area(), unitText().c_str());
     if (settings_.degenerate == Degenerate::Drop)
         inform(input_, "%lld triangles without area dropped", sum(&Output::dropped));
-    for (Output const& output : outputs_)
+    if (measure_.facingAway() > 0)
+        warn(input_, kNowhere, "%lld triangles whose normals point to the other side", measure_.facingAway());
+    for (Output const& output : outputs_) {
         inform(output.file.name(), "%s, %lld bytes", output.description.c_str(), output.bytes);
+        for (FurtherFile const& each : output.further)
+            inform(each.file->name(), "%s, %lld bytes", each.description.c_str(), each.bytes);
+    }
 }
 
 KOVIResult Conversion::run(KOVAConvertedEntitiesInfo& entities) {

@@ -75,7 +75,8 @@ file(WRITE ${folder}/bad.options "/XMesh/Export/Digits=3\n/XMesh/Import/WeldTool
 set(mistakes "^Error : bad.options: unknown option '/XMesh/Import/WeldTool'; did you mean '/XMesh/Import/WeldTol'. \\(line 2\\)
 Error : bad.options: NAME=VALUE should stand here \\(line 3\\)
 Error : --set: '/STL/Export/Ascii' takes On or Off, not '100%s'\n$")
-expect_run(0 "^/PLY/Export/Encoding      string  little  [^\n]+
+expect_run(0 "^/OBJ/Export/Normals       string  keep    [^\n]+
+/PLY/Export/Encoding      string  little  [^\n]+
 /STL/Export/Ascii         bool    Off   [^\n]+
 /XMesh/Export/Digits      int     0     [^\n]+
 /XMesh/Import/Degenerate  string  keep  [^\n]+
@@ -97,7 +98,8 @@ else()
   set(digits "--set;/XMesh/Export/Digits=3")
   set(origin "command line")
 endif()
-set(shown "/PLY/Export/Encoding      little  default
+set(shown "/OBJ/Export/Normals       keep    default
+/PLY/Export/Encoding      little  default
 /STL/Export/Ascii         On      command line
 /XMesh/Export/Digits      3       ${origin}
 /XMesh/Import/Degenerate  drop    file mesh.options, line 3

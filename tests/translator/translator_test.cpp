@@ -191,7 +191,7 @@ TEST_F(Translator, EveryFloatComesBack) {
 
 TEST_F(Translator, WritesStl) {
     folder.write("in.obj", "v 0 0 0\nv 2 0 0\nv 0 2 0\nv 0 0 -2.5\n"
-                           "f 1 2 3\no one part\nf 1 4 3\ng empty\ng\nf 1 1 2\n");
+                           "f 1 2 3\no one part\nf 1 4 3\ng empty\no\ng\nf 1 1 2\n");
     EXPECT_EQ(translate("in.obj", "ascii.stl"), 0U);
     auto const facet = [](char const* normal, char const* second, char const* third) {
         return std::string("  facet normal ") + normal + "\n    outer loop\n      vertex 0 0 0\n      vertex " +
@@ -219,79 +219,6 @@ TEST_F(Translator, WritesStl) {
     folder.write("in.obj", "o none\n");
     EXPECT_EQ(translate("in.obj", "ascii.stl"), 0U);
     EXPECT_EQ(folder.read("ascii.stl"), "solid\nendsolid\n");
-}
-
-TEST_F(Translator, ReadsObj) {
-    std::string const square = "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\n";
-    std::string const fan = square + "f 1 2 3\nf 1 3 4\n";
-    struct {
-        std::string contents, obj;
-    } const rows[] = {
-        {"", ""},
-        {square + "f 1 2 3 4", fan},
-        {square + "f 1/1 2/9 3/-1 4/7\n", fan},
-        {square + "f 1//1 2//9 3//-1 4//7\n", fan},
-        {square + "\tf  1/1/1 2/9/2  3/-1/-1 4/7/5 \n", fan},
-        {square + "f -4 -3 -2 -1\nv 5 5 5\n", fan},
-        {square + "vn 0 0 nan\nvt 0\ns off\nusemtl #1\nl 1 9\np 0\nf 1 2 3 4\n", fan},
-        {"# f 1 2\n\n" + square + "  # comment\nf 1 2 3# 4\nf 1 3 4 # f\n", fan},
-        {"v 0 0 0 1\r\nv 1 0 0 .5 .5 .5\r\nv 1 1 0\r\n\r\nv +0 1e0 0.0e-5\r\nf 1 2 3 4\r\n", fan},
-        {square + "f 1 2\\\n3 \\\r\n 4\n", fan},
-        {"# a comment ends with its line \\\n" + square + "f 1 2 3 4 \\", fan},
-        {"\xEF\xBB\xBF" + square + "f 1 2 3 4\n", fan},
-        {square + "o\nf 1 2 3\ng  a #1 b#2 # c\nf 1 3 4\n",
-         "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nf 1 2 3\no a\nf 1 3 4\n"},
-        {square + "g a#\\ \nf 1 2 3\no b\ng c\tc\x01\nf 1 3 4\n",
-         "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\no a#\\ \nf 1 2 3\no c\tc?\nf 1 3 4\n"},
-    };
-    for (auto const& row : rows) {
-        EXPECT_EQ(run(row.contents, "in.obj"), 0U) << row.contents;
-        EXPECT_EQ(output(), row.obj) << row.contents;
-    }
-}
-
-TEST_F(Translator, BadObjIsOneErrorAndNoOutput) {
-    std::string const three = "v 0 0 0\nv 1 0 0\nv 1 1 0\n";
-    std::string const nul("comment\0\n", 9);
-    std::string continued = "f 1 2 3";
-    while (continued.size() < 300000) continued += " \\\n 1 2 3 1 2 3 1 2 3";
-    struct {
-        std::string contents;
-        char const* error;
-    } const rows[] = {
-        {three + "f 1 2 3\nf 1 2 0\n", "there is no vertex 0; 3 are defined so far (line 5)"},
-        {three + "f 1 2 4\nv 0 0 0", "there is no vertex 4; 3 are defined so far (line 4)"},
-        {three + "\n#\nf -1 -4 -2", "there is no vertex -4; 3 are defined so far (line 6)"},
-        {three + "f 1 2 -9223372036854775808",
-         "there is no vertex -9223372036854775808; 3 are defined so far (line 4)"},
-        {three + "f 1 2 9223372036854775808", "\"9223372036854775808\" where a corner should follow (line 4)"},
-        {three + "f 1 \\\n2 \\\n\nf 1 2 3", "a face with 2 corners (line 4)"},
-        {three + "f", "a face with 0 corners (line 4)"},
-        {three + "f 1 2 3.5", "\"3.5\" where a corner should follow (line 4)"},
-        {three + "f 1/ 2 3", "\"1/\" where a corner should follow (line 4)"},
-        {three + "f 1/1/ 2 3", "\"1/1/\" where a corner should follow (line 4)"},
-        {three + "f 1/0 2 3", "\"1/0\" where a corner should follow (line 4)"},
-        {three + "f 1//x#2 2 3", "\"1//x\" where a corner should follow (line 4)"},
-        {"v 0 0\n", "the line breaks off where a number should follow (line 1)"},
-        {"v 0 0 # 0\n", "the line breaks off where a number should follow (line 1)"},
-        {"\n\nv 0 1,5 0\n", "\"1,5\" where a number should follow (line 3)"},
-        {"v 0 0 0 1 x\n", "\"x\" where a number should follow (line 1)"},
-        {"v 0 1e39 0\n", "a coordinate is not a number (line 1)"},
-        {"v 0 0 -inf\n", "a coordinate is not a number (line 1)"},
-        {"v nan 0 0\n", "a coordinate is not a number (line 1)"},
-        {three + nul, "not an OBJ file: it is not all text (line 4)"},
-        {three + "# " + nul, "not an OBJ file: it is not all text (line 4)"},
-        {"\x7F"
-         "ELF",
-         "not an OBJ file: it is not all text (line 1)"},
-        {"\n#" + std::string(300000, '-') + "\n", "a line is longer than 262144 bytes (line 2)"},
-        {three + continued, "a line is longer than 262144 bytes (line 4)"},
-    };
-    for (auto const& row : rows) {
-        EXPECT_EQ(run(row.contents, "in.obj"), 21U);
-        EXPECT_EQ(error(), std::string("translations/in.obj: ") + row.error + "\n");
-        EXPECT_FALSE(folder.has("out.obj"));
-    }
 }
 
 TEST_F(Translator, BadInputIsOneErrorAndNoOutput) {

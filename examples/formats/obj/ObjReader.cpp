@@ -4,45 +4,20 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-
-#include <kova/system/KOVAFloatUtil.h>
+#include <system_error>
 
 #include "characters.h"
+#include "files.h"
+#include "objText.h"
 #include "report.h"
 
 namespace toolkit {
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-/// A word ends at a blank, a comment or the line's end.
-bool endsWord(char const* at, char const* end) noexcept {
-    return at == end || isSpace(*at) || *at == '#';
-}
-
-std::string_view firstWord(std::string_view text) noexcept {
-    char const* const end = text.data() + text.size();
-    char const* stop = text.data();
-    while (!endsWord(stop, end))
-        ++stop;
-    return text.substr(0, static_cast<std::size_t>(stop - text.data()));
-}
-
-void skipBlanks(std::string_view& text) noexcept {
-    while (!text.empty() && isSpace(text.front()))
-        text.remove_prefix(1);
-}
-
-/// Behind blanks only a comment or nothing is left.
-bool isDone(std::string_view& text) noexcept {
-    skipBlanks(text);
-    return text.empty() || text.front() == '#';
-}
-
-void takeTo(std::string_view& text, char const* at) noexcept {
-    text.remove_prefix(static_cast<std::size_t>(at - text.data()));
-}
+/// In place of the colour of a vertex that has none.
+constexpr Vertex kNoColor{-1, -1, -1};
+constexpr Vertex kWhite{1, 1, 1};
 
 /// The integer at `at`, which is not 0; null where there is none.
 char const* readIndex(char const* at, char const* end, long long& index) noexcept {
@@ -50,22 +25,41 @@ char const* readIndex(char const* at, char const* end, long long& index) noexcep
     return result.ec == std::errc() && index != 0 ? result.ptr : nullptr;
 }
 
-/// A corner's vertex. What may follow it, "/texture", "/texture/normal" or "//normal", is checked and left out.
+/// Behind a vertex: "/texture", "//normal" or "/texture/normal"; textures are checked and left out. Returns the end;
+/// null where it is none of these.
+char const* readMore(char const* at, char const* end, ObjIndices& indices) noexcept {
+    long long texture = 0;
+    ++at;
+    if (at == end || *at != '/')
+        at = readIndex(at, end, texture);
+    if (!at || at == end || *at != '/')
+        return at;
+    auto const normal = std::from_chars(at + 1, end, indices.normal);
+    indices.hasNormal = true;
+    return normal.ec == std::errc() ? normal.ptr : nullptr;
+}
+
 /// Returns the end; null where there is no corner.
-char const* readCorner(char const* begin, char const* end, long long& vertex) noexcept {
-    auto const result = std::from_chars(begin, end, vertex);
-    if (result.ec != std::errc())
+inline char const* readIndices(char const* begin, char const* end, ObjIndices& indices) noexcept {
+    auto const vertex = std::from_chars(begin, end, indices.vertex);
+    if (vertex.ec != std::errc())
         return nullptr;
-    char const* at = result.ptr;
-    if (at != end && *at == '/') {
-        long long ignored = 0;
-        ++at;
-        if (at == end || *at != '/')
-            at = readIndex(at, end, ignored);
-        if (at && at != end && *at == '/')
-            at = readIndex(at + 1, end, ignored);
-    }
+    char const* const at = vertex.ptr != end && *vertex.ptr == '/' ? readMore(vertex.ptr, end, indices) : vertex.ptr;
     return at && endsWord(at, end) ? at : nullptr;
+}
+
+/// Null where there is none. Negative indices count back from the latest; 0 and what is out of range come out too
+/// large.
+Vertex const* find(std::vector<Vertex> const& all, long long index) noexcept {
+    std::uint64_t const count = all.size();
+    std::uint64_t const number = static_cast<std::uint64_t>(index);
+    std::uint64_t const at = index > 0 ? number - 1 : number + count;
+    return at < count ? &all[static_cast<std::size_t>(at)] : nullptr;
+}
+
+bool isFile(std::string const& name) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(systemPath(name.c_str()), error);
 }
 
 } // namespace
@@ -75,47 +69,102 @@ KOVIResult ObjReader::unexpected(std::string_view statement, char const* wanted)
     return failUnexpected(file_, atLine(lines_.number()), firstWord(statement), wanted);
 }
 
-/// Three coordinates; a weight or a colour may follow.
-KOVIResult ObjReader::readVertex(std::string_view numbers) {
-    float coordinates[3] = {};
-    char const* const end = numbers.data() + numbers.size();
-    for (int known = 0; !isDone(numbers) || known < 3; ++known) {
+// --- vertices and faces
+
+/// At least three, to the end of the line; keeps no more than `most`.
+KOVIResult ObjReader::readNumbers(std::string_view text, float* numbers, int most, int& known) {
+    for (known = 0; !isDone(text) || known < 3; ++known) {
         float value = 0;
-        char const* const stop = KOVAFloatUtil::read(numbers.data(), end, value);
-        if (stop == numbers.data() || !endsWord(stop, end))
-            return unexpected(numbers, "a number");
+        if (!takeNumber(text, value))
+            return unexpected(text, "a number");
         if (!std::isfinite(value))
             return fail(kInvalidFile, file_, atLine(lines_.number()), "a coordinate is not a number");
-        takeTo(numbers, stop);
-        if (known < 3)
-            coordinates[known] = value;
+        if (known < most)
+            numbers[known] = value;
     }
-    vertices_.push_back({coordinates[0], coordinates[1], coordinates[2]});
     return kSuccess;
 }
 
-KOVIResult ObjReader::readFace(std::string_view corners, ShellBuilder& shells) {
-    char const* const end = corners.data() + corners.size();
-    std::uint64_t const count = vertices_.size();
-    Vertex const* first = nullptr;
-    Vertex const* last = nullptr;
+/// Three coordinates. A fourth number is a weight; with six, a colour follows.
+KOVIResult ObjReader::readVertex(std::string_view numbers) {
+    float n[6];
+    int known = 0;
+    KOVIResult const result = readNumbers(numbers, n, 6, known);
+    if (result.IsFailure())
+        return result;
+    vertices_.push_back({n[0], n[1], n[2]});
+    if (known == 6)
+        addColor(n + 3);
+    return kSuccess;
+}
+
+void ObjReader::addColor(float const* color) {
+    Vertex const shown = {clampedShare(color[0]), clampedShare(color[1]), clampedShare(color[2])};
+    if (!(shown == Vertex{color[0], color[1], color[2]}))
+        ++beyondColors_;
+    colors_.resize(vertices_.size() - 1, kNoColor);
+    colors_.push_back(shown);
+}
+
+KOVIResult ObjReader::readNormal(std::string_view numbers) {
+    float n[3];
+    int known = 0;
+    KOVIResult const result = readNumbers(numbers, n, 3, known);
+    if (result.IsSuccess())
+        normals_.push_back({n[0], n[1], n[2]});
+    return result;
+}
+
+KOVIResult ObjReader::failCorner(std::string_view corners, ObjIndices const* indices) {
+    if (!indices)
+        return unexpected(corners, "a corner");
+    bool const isVertex = !find(vertices_, indices->vertex);
+    return fail(kInvalidFile, file_, atLine(lines_.number()), "there is no %s %lld; %zu are defined so far",
+                isVertex ? "vertex" : "normal", isVertex ? indices->vertex : indices->normal,
+                isVertex ? vertices_.size() : normals_.size());
+}
+
+/// Has normals where all corners have, and colours where one has; the others are white then.
+void ObjReader::addTriangle(FaceCorner const& a, FaceCorner const& b, FaceCorner const& c, ShellBuilder& shells) const {
+    bool const hasNormals = a.normal && b.normal && c.normal;
+    FaceCorner const corners[3] = {a, b, c};
+    Vertex positions[3];
+    Vertex normals[3];
+    KOVARGBColor colors[3];
+    bool hasColors = false;
+    for (int i = 0; i < 3; ++i) {
+        positions[i] = *corners[i].position;
+        if (hasNormals)
+            normals[i] = *corners[i].normal;
+        std::size_t const at = static_cast<std::size_t>(corners[i].position - vertices_.data());
+        bool const isColored = at < colors_.size() && !(colors_[at] == kNoColor);
+        Vertex const color = isColored ? colors_[at] : kWhite;
+        colors[i] = KOVARGBColor(color.x, color.y, color.z, 1.0F);
+        hasColors = hasColors || isColored;
+    }
+    shells.triangle(positions, hasNormals ? normals : nullptr, hasColors ? colors : nullptr);
+}
+
+KOVIResult ObjReader::readFace(std::string_view corners, ModelSink& sink, ShellBuilder& shells) {
+    if (!isBegun_)
+        beginShell(sink.scene(), shells);
+    bool const isPlain = normals_.empty() && colors_.empty();
+    FaceCorner first{};
+    FaceCorner last{};
     int known = 0;
     for (; !isDone(corners); ++known) {
-        long long index = 0;
-        char const* const stop = readCorner(corners.data(), end, index);
-        if (!stop)
-            return unexpected(corners, "a corner");
-        // Negative ones count back from the latest; 0 and what is out of range come out too large.
-        std::uint64_t const number = static_cast<std::uint64_t>(index);
-        std::uint64_t const at = index > 0 ? number - 1 : number + count;
-        if (at >= count)
-            return fail(kInvalidFile, file_, atLine(lines_.number()), "there is no vertex %lld; %zu are defined so far",
-                        index, vertices_.size());
-        Vertex const* const corner = &vertices_[static_cast<std::size_t>(at)];
+        ObjIndices indices{};
+        char const* const stop = readIndices(corners.data(), corners.data() + corners.size(), indices);
+        FaceCorner const corner = {find(vertices_, indices.vertex),
+                                   indices.hasNormal ? find(normals_, indices.normal) : nullptr};
+        if (!stop || !corner.position || (indices.hasNormal && !corner.normal))
+            return failCorner(corners, stop ? &indices : nullptr);
         if (known == 0)
             first = corner;
+        else if (known > 1 && isPlain)
+            shells.triangle(*first.position, *last.position, *corner.position);
         else if (known > 1)
-            shells.triangle(*first, *last, *corner);
+            addTriangle(first, last, corner, shells);
         last = corner;
         takeTo(corners, stop);
     }
@@ -125,18 +174,88 @@ KOVIResult ObjReader::readFace(std::string_view corners, ShellBuilder& shells) {
     return kSuccess;
 }
 
-/// A name may contain "#"; a comment stands apart.
-void ObjReader::readName(std::string_view name, ModelSink& sink, ShellBuilder& shells) {
-    for (std::size_t i = name.find('#'); i != std::string_view::npos; i = name.find('#', i + 1)) {
-        if (i == 0 || isSpace(name[i - 1]))
-            name = name.substr(0, i);
-    }
-    std::string const text = printable(trimmed(name));
-    Part*& part = parts_[text];
+// --- what faces belong to
+
+/// One part for each object and the groups in it, whatever their order; it goes on where they come back.
+void ObjReader::beginShell(Scene& scene, ShellBuilder& shells) {
+    std::vector<std::string> sorted = groups_;
+    std::sort(sorted.begin(), sorted.end());
+    sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
+    std::string key = object_;
+    for (std::string const& group : sorted)
+        key += '\n' + group;
+    Part*& part = parts_[key];
     if (!part)
-        part = &sink.scene().addPart(text);
-    shells.begin(*part, nullptr);
+        part = &scene.addPart(object_, groups_);
+    shells.begin(*part, material_);
+    isBegun_ = true;
 }
+
+/// Beside the input, unless the name says all.
+std::string ObjReader::besideInput(std::string const& name) const {
+    if (systemPath(name.c_str()).is_absolute())
+        return name;
+    std::string const input = file_;
+    return input.substr(0, input.find_last_of("/\\") + 1) + name;
+}
+
+/// Several names stand beside each other, but one may have blanks itself. Where no file is there, it is one name.
+void ObjReader::readLibraries(std::string_view names, Scene& scene) {
+    std::string const whole = nameIn(names);
+    std::vector<std::string> const words = namesIn(names);
+    bool const areWords = !isFile(besideInput(whole)) && std::any_of(words.begin(), words.end(), [&](auto const& word) {
+        return isFile(besideInput(word));
+    });
+    for (std::string const& name : areWords ? words : std::vector<std::string>{whole}) {
+        if (libraries_.insert(name).second)
+            readLibrary(name, scene);
+    }
+}
+
+void ObjReader::readLibrary(std::string const& name, Scene& scene) {
+    std::string const path = besideInput(name);
+    // What is no file may have no end.
+    File const file(isFile(path) ? KOVAFilePath(path.c_str()).OpenFile(KOVAString("rb")) : nullptr);
+    if (!file) {
+        warn(file_, atLine(lines_.number()), "the material library \"%s\" cannot be opened", name.c_str());
+        return;
+    }
+    addFurtherFile(path);
+    MaterialReader(file.get(), path, scene, materials_).read();
+}
+
+void ObjReader::useMaterial(std::string const& name) {
+    auto const [entry, isNew] = materials_.try_emplace(name, nullptr);
+    material_ = entry->second;
+    if (!isNew || name.empty() || ++unknownMaterials_ > 1)
+        return;
+    unknownMaterial_ = name;
+    unknownMaterialLine_ = lines_.number();
+}
+
+void ObjReader::warnOfMaterials() const {
+    std::string const more = " and " + std::to_string(unknownMaterials_ - 1) + " more";
+    if (unknownMaterials_ > 0)
+        warn(file_, atLine(unknownMaterialLine_), "there is no material \"%s\"%s; what uses it has none",
+             unknownMaterial_.c_str(), unknownMaterials_ > 1 ? more.c_str() : "");
+}
+
+/// A new object leaves the groups as they are.
+void ObjReader::readName(std::string_view keyword, std::string_view rest, Scene& scene) {
+    if (keyword == "mtllib")
+        readLibraries(rest, scene);
+    else if (keyword == "usemtl")
+        useMaterial(nameIn(rest));
+    else if (keyword == "o")
+        object_ = nameIn(rest);
+    else if (keyword == "g")
+        groups_ = namesIn(rest);
+    else
+        return;
+    isBegun_ = false;
+}
+
+// --- the file
 
 KOVIResult ObjReader::readStatement(std::string_view statement, ModelSink& sink, ShellBuilder& shells) {
     skipBlanks(statement);
@@ -145,13 +264,15 @@ KOVIResult ObjReader::readStatement(std::string_view statement, ModelSink& sink,
     if (keyword == "v")
         return readVertex(rest);
     if (keyword == "f")
-        return readFace(rest, shells);
+        return readFace(rest, sink, shells);
+    if (keyword == "vn")
+        return readNormal(rest);
     if (!isText(keyword) || rest.find('\0') != std::string_view::npos)
         return fail(kInvalidFile, file_, atLine(lines_.number()), "not an OBJ file: it is not all text");
     if (keyword.empty() && vertices_.empty())
         takeHeaderText(statement.substr(std::min(statement.find_first_not_of('#'), statement.size())));
-    if (keyword == "o" || keyword == "g")
-        readName(rest, sink, shells);
+    else
+        readName(keyword, rest, sink.scene());
     return kSuccess;
 }
 
@@ -159,8 +280,8 @@ KOVIResult ObjReader::read(ModelSink& sink) {
     ShellBuilder shells(sink);
     std::string_view statement;
     while (lines_.next(statement)) {
-        if (lines_.number() == 1 && statement.substr(0, kByteOrderMark.size()) == kByteOrderMark)
-            statement.remove_prefix(kByteOrderMark.size());
+        if (lines_.number() == 1)
+            skipByteOrderMark(statement);
         KOVIResult const result = readStatement(statement, sink, shells);
         if (result.IsFailure())
             return result;
@@ -170,6 +291,9 @@ KOVIResult ObjReader::read(ModelSink& sink) {
     if (in_.offset() < size_)
         return fail(kInvalidFile, file_, atByte(in_.offset()), "the file cannot be read to its end");
     shells.flush();
+    warnOfMaterials();
+    if (beyondColors_ > 0)
+        warn(file_, kNowhere, "%lld vertices whose colours go beyond 0 to 1", beyondColors_);
     return kSuccess;
 }
 

@@ -1,6 +1,5 @@
 #include "StlWriter.h"
 
-#include <cmath>
 #include <limits>
 #include <stdexcept>
 
@@ -11,17 +10,6 @@
 namespace toolkit {
 
 namespace {
-
-/// Of length 1, to the side from which the corners turn left; all zeros for a triangle without area.
-Vertex normal(Vertex const& a, Vertex const& b, Vertex const& c) noexcept {
-    auto const [x, y, z] = areaVector(a, b, c);
-    double const length = std::sqrt(x * x + y * y + z * z);
-    if (length == 0)
-        return {};
-    // What is added makes 0 of -0.
-    return {static_cast<float>(x / length) + 0.0F, static_cast<float>(y / length) + 0.0F,
-            static_cast<float>(z / length) + 0.0F};
-}
 
 char* putCoordinates(char* to, Vertex const& v) noexcept {
     for (float const coordinate : {v.x, v.y, v.z})
@@ -51,7 +39,7 @@ void BinaryStlWriter::writeTriangle(Vertex const& a, Vertex const& b, Vertex con
         return;
     if (written() > std::numeric_limits<std::uint32_t>::max())
         throw std::length_error("more than 4294967295 triangles, which binary STL cannot count");
-    char* to = putCoordinates(out_.room(kStlFacetSize), normal(a, b, c));
+    char* to = putCoordinates(out_.room(kStlFacetSize), unitNormal(a, b, c));
     to = putCoordinates(putCoordinates(putCoordinates(to, a), b), c);
     *to++ = 0;
     *to++ = 0;
@@ -102,7 +90,7 @@ void AsciiStlWriter::writeTriangle(Vertex const& a, Vertex const& b, Vertex cons
     if (!isOpen_)
         writeLine("solid");
     isOpen_ = true;
-    char* to = putVertex(out_.room(kLongestRecord), "  facet normal", normal(a, b, c), digits_);
+    char* to = putVertex(out_.room(kLongestRecord), "  facet normal", unitNormal(a, b, c), digits_);
     to = put(to, "    outer loop\n");
     for (Vertex const* const corner : {&a, &b, &c})
         to = putVertex(to, "      vertex", *corner, digits_);
