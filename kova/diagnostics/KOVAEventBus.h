@@ -44,7 +44,7 @@ public:
     static KOVAEventBus _eventBus;
 
 protected:
-    constexpr KOVAEventBus() noexcept : listeners_(nullptr) {}
+    constexpr KOVAEventBus() noexcept = default;
 
 private:
     /// Holds the array of listeners for a delivery. While there is any such holder, entries keep their
@@ -73,7 +73,7 @@ private:
     void closeGaps();
     int find(KOVAEventListener const* listener) const;
 
-    KOVAArrayHeader* listeners_; ///< made for the first of them
+    KOVAArrayHeader* listeners_ = nullptr; ///< made for the first of them
 
     static bool gaps_;
 };

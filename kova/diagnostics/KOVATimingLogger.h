@@ -15,7 +15,7 @@
 class KOVA_API KOVATimingLogger : public KOVAEventListener {
 public:
     /// Off.
-    constexpr KOVATimingLogger() noexcept : on_(false), tasks_(nullptr) {}
+    constexpr KOVATimingLogger() noexcept = default;
     KOVATimingLogger(KOVATimingLogger const&) = delete;
     KOVATimingLogger& operator=(KOVATimingLogger const&) = delete;
 
@@ -40,6 +40,6 @@ private:
 
     void report() const;
 
-    bool on_;
-    Tasks* tasks_; ///< made for the first event
+    bool on_ = false;
+    Tasks* tasks_ = nullptr; ///< made for the first event
 };
