@@ -61,7 +61,7 @@ bool LineReader::next(std::string_view& line) {
     number_ = parts_;
     if (isTooLong_)
         return false;
-    return !isContinued(line) || joinParts(line);
+    return !mayBeContinued_ || !isContinued(line) || joinParts(line);
 }
 
 } // namespace toolkit

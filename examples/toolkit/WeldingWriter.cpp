@@ -52,23 +52,28 @@ std::uint32_t WeldingWriter::lookOf(Triangles const& triangles, std::size_t tria
     return look == plain_ ? 0 : looks_.add(look);
 }
 
+WeldingWriter::Face WeldingWriter::withLooks(Face const& at, Triangles const& triangles, std::size_t triangle) {
+    Face face;
+    for (int corner = 0; corner < 3; ++corner) {
+        std::size_t const i = static_cast<std::size_t>(corner);
+        face[i] = corners_.add({at[i], lookOf(triangles, triangle, corner)});
+    }
+    return face;
+}
+
 void WeldingWriter::write(Triangles const& triangles) {
     unsigned const come = (triangles.hasColors() ? kColors : 0) | (triangles.hasNormals() ? kNormals : 0);
     if (!hasLooks_ && ((come & kept_) != 0 || base_.hasColor))
         beginLooks();
     for (std::size_t i = 0; i < triangles.size(); ++i) {
-        std::size_t const vertices = size();
         std::size_t const before = positions().size();
-        Face face;
-        for (int corner = 0; corner < 3; ++corner) {
-            std::uint32_t const position = number(triangles.position(i, corner));
-            face[static_cast<std::size_t>(corner)] =
-                hasLooks_ ? corners_.add({position, lookOf(triangles, i, corner)}) : position;
-        }
-        if (dropsFace(face))
-            removeFrom(vertices, before);
+        Face at;
+        for (int corner = 0; corner < 3; ++corner)
+            at[static_cast<std::size_t>(corner)] = number(triangles.position(i, corner));
+        if (dropsFace(at))
+            removeFrom(before);
         else
-            addFace(face, triangles, i);
+            addFace(hasLooks_ ? withLooks(at, triangles, i) : at, triangles, i);
     }
 }
 
@@ -78,15 +83,14 @@ void WeldingWriter::addFace(Face const& face, Triangles const& triangles, std::s
         takeNormals(triangles, triangle);
 }
 
-bool WeldingWriter::dropsFace(Face const& face) {
-    return drops(position(face[0] - 1), position(face[1] - 1), position(face[2] - 1));
+bool WeldingWriter::dropsFace(Face const& at) {
+    std::vector<Vertex> const& all = positions();
+    return drops(all[at[0] - 1], all[at[1] - 1], all[at[2] - 1]);
 }
 
-/// Removes vertices that only a dropped face has.
-void WeldingWriter::removeFrom(std::size_t vertices, std::size_t positions) {
-    while (hasLooks_ && size() > vertices)
-        corners_.removeLast();
-    while (this->positions().size() > positions)
+/// Removes positions that only a dropped face has.
+void WeldingWriter::removeFrom(std::size_t count) {
+    while (positions().size() > count)
         grid_ ? grid_->removeLast() : table_.removeLast();
 }
 

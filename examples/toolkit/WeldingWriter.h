@@ -55,8 +55,10 @@ private:
     void beginLooks();
     std::uint32_t lookOf(Triangles const& triangles, std::size_t triangle, int corner);
     void addFace(Face const& face, Triangles const& triangles, std::size_t triangle);
-    bool dropsFace(Face const& face);
-    void removeFrom(std::size_t vertices, std::size_t positions);
+    Face withLooks(Face const& at, Triangles const& triangles, std::size_t triangle);
+    // Of positions.
+    bool dropsFace(Face const& at);
+    void removeFrom(std::size_t count);
 
     unsigned kept_;
     VertexTable table_;

@@ -18,18 +18,22 @@ inline char* put(char* to, std::string_view text) noexcept {
     return to + text.size();
 }
 
+/// With so many significant digits; 0 for the fewest that give the same number again.
+inline char* putDigits(char* to, float value, int digits) noexcept {
+    return (digits == 0 ? std::to_chars(to, to + 31, value)
+                        : std::to_chars(to, to + 31, value, std::chars_format::general, digits))
+        .ptr;
+}
+
 /// A blank and the number.
 inline char* putNumber(char* to, std::uint32_t value) noexcept {
     *to = ' ';
     return std::to_chars(to + 1, to + 32, value).ptr;
 }
 
-/// The same, with so many significant digits; 0 for the fewest that give the same number again.
 inline char* putNumber(char* to, float value, int digits) noexcept {
     *to = ' ';
-    return (digits == 0 ? std::to_chars(to + 1, to + 32, value)
-                        : std::to_chars(to + 1, to + 32, value, std::chars_format::general, digits))
-        .ptr;
+    return putDigits(to + 1, value, digits);
 }
 
 /// Three numbers, likewise.

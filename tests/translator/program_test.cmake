@@ -76,6 +76,7 @@ set(mistakes "^Error : bad.options: unknown option '/XMesh/Import/WeldTool'; did
 Error : bad.options: NAME=VALUE should stand here \\(line 3\\)
 Error : --set: '/STL/Export/Ascii' takes On or Off, not '100%s'\n$")
 expect_run(0 "^/OBJ/Export/Normals       string  keep  [^\n]+
+/PLY/Export/Encoding      string  little  [^\n]+
 /STL/Export/Ascii         bool    Off   [^\n]+
 /XMesh/Export/Digits      int     0     [^\n]+
 /XMesh/Import/Degenerate  string  keep  [^\n]+
@@ -97,16 +98,34 @@ else()
   set(digits "--set;/XMesh/Export/Digits=3")
   set(origin "command line")
 endif()
-set(shown "/STL/Export/Ascii         On    command line
-/XMesh/Export/Digits      3     ${origin}
-/XMesh/Import/Degenerate  drop  file mesh.options, line 3
-/XMesh/Import/WeldTol     0     default
+set(shown "/OBJ/Export/Normals       keep    default
+/PLY/Export/Encoding      little  default
+/STL/Export/Ascii         On      command line
+/XMesh/Export/Digits      3       ${origin}
+/XMesh/Import/Degenerate  drop    file mesh.options, line 3
+/XMesh/Import/WeldTol     0       default
 ")
 set(warnings "^Warning : mesh.options: '/XGeneric/SewBody' has no effect here \\(line 4\\)\n${overridden}$")
-expect_run(0 "^/OBJ/Export/Normals       keep  default\n${shown}$" "${warnings}" --show-options --ascii ${digits} --options mesh.options)
+expect_run(0 "^${shown}$" "${warnings}" --show-options --ascii ${digits} --options mesh.options)
 expect_run(0 "^${shown}flanged-bearing.stl: .*\nflanged-bearing.stl: 0 triangles without area dropped\n" "${warnings}"
   --show-options --options mesh.options --ascii flanged-bearing.stl ${digits} rounded.stl)
 file(STRINGS ${folder}/rounded.stl long REGEX "vertex.* -?[1-9][0-9]\\.[0-9][0-9]")
 if(long)
   message(FATAL_ERROR "more than 3 digits in rounded.stl: ${long}")
 endif()
+
+# A library for another version of the interface is refused before any function of it is called.
+unset(ENV{KOVA/XMesh/Export/Digits})
+file(COPY ${bin}/ DESTINATION ${folder}/other FILES_MATCHING PATTERN "kova-translate*" PATTERN "*kova.*" PATTERN "kova_format_*")
+file(COPY ${other} DESTINATION ${folder}/other)
+file(WRITE ${folder}/in.xyz "0 0 0\n")
+string(REGEX REPLACE "[^;]*/(kova-translate[^/]*)$" "${folder}/other/\\1" program "${program}")
+set(refused "^Error : kova_format_xyz: made for version [0-9]+ of the interface to formats; this program has version [0-9]+\n$")
+expect_run(9 "^$" "${refused}" in.xyz out.obj)
+expect_run(9 "^$" "${refused}" flat.obj out.xyz)
+expect_run(0 "^flat.obj: " "^$" flat.obj out.ply)
+foreach(file out.xyz called)
+  if(EXISTS ${folder}/${file})
+    message(FATAL_ERROR "${file}: a function of a library of another version was called")
+  endif()
+endforeach()

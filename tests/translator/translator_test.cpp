@@ -79,8 +79,10 @@ protected:
     /// Goes through formats and back to binary STL; the corners must come out as they went in.
     void expectKept(std::string const& contents) {
         std::string const wanted = corners(contents);
-        for (Texts const& formats :
-             {Texts{"a.obj"}, {"ascii.stl"}, {"a.stl", "A.OBJ", "ascii.stl", "b.obj", "c.obj"}}) {
+        for (Texts const& formats : {Texts{"a.obj"},
+                                     {"ascii.stl"},
+                                     {"a.PLY"},
+                                     {"a.stl", "A.OBJ", "ascii.stl", "b.obj", "c.obj", "b.ply", "c.ply", "d.obj"}}) {
             std::string name = "in.stl";
             folder.write(name, contents);
             for (std::string const& next : formats) {
@@ -259,7 +261,7 @@ TEST_F(Translator, FilesThatCannotBeOpened) {
         {folder.write("in.stl", binary("", kSquare)), folder.path("no/out.obj"), 14,
          "translations/no/out.obj: cannot be created: "},
         {folder.path("in.stl"), folder.path("in.step"), 11,
-         "translations/in.step: not a known format; name a file that ends in .obj or .stl"},
+         "translations/in.step: not a known format; name a file that ends in .obj, .ply or .stl"},
         {folder.path("in.stl"), "./translations\\in.stl", 11, "./translations\\in.stl: is the input too; name another"},
     };
     for (auto const& row : rows) {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 
+#include "bytes.h"
 #include "characters.h"
 #include "report.h"
 #include "stlLayout.h"
@@ -16,19 +16,8 @@ namespace {
 /// What an ASCII triangle takes at least, words and single digits.
 constexpr int kShortestFacet = 84;
 
-/// Little-endian, whatever the machine.
-std::uint32_t unsignedAt(char const* bytes) noexcept {
-    std::uint32_t value = 0;
-    for (int i = 3; i >= 0; --i)
-        value = value << 8 | static_cast<unsigned char>(bytes[i]);
-    return value;
-}
-
-float floatAt(char const* bytes) noexcept {
-    std::uint32_t const bits = unsignedAt(bytes);
-    float value;
-    std::memcpy(&value, &bits, sizeof value);
-    return value;
+std::uint32_t countIn(std::string_view header) noexcept {
+    return loadNumber<std::uint32_t>(header.data() + kStlCountAt, ByteOrder::Little);
 }
 
 bool isFinite(float value) noexcept {
@@ -56,8 +45,7 @@ std::string StlReader::description(Found const& found) const {
 /// whether the beginning is text.
 bool StlReader::isAscii() {
     std::string_view const start = in_.lookAhead(1024).substr(0, 1024);
-    if (start.size() >= kStlHeaderSize &&
-        size_ == kStlHeaderSize + kStlFacetSize * std::int64_t{unsignedAt(start.data() + kStlCountAt)})
+    if (start.size() >= kStlHeaderSize && size_ == kStlHeaderSize + kStlFacetSize * std::int64_t{countIn(start)})
         return false;
     return equalsIgnoringCase(trimmed(start).substr(0, 5), "solid") && isText(start);
 }
@@ -71,7 +59,7 @@ KOVIResult StlReader::readBinary(ModelSink& sink) {
         return fail(kInvalidFile, file_, atByte(static_cast<long long>(header.size())),
                     "neither ASCII nor binary STL: it ends within the header");
     takeHeaderText(header.substr(0, std::min<std::size_t>(header.find('\0'), kStlCountAt)));
-    long long const count = unsignedAt(header.data() + kStlCountAt);
+    long long const count = countIn(header);
     long long const wanted = kStlHeaderSize + kStlFacetSize * count;
     if (size_ < wanted)
         return fail(kInvalidFile, file_, atByte(kStlCountAt), "%lld triangles need %lld bytes, but the file has %lld",
@@ -90,7 +78,7 @@ KOVIResult StlReader::readBinary(ModelSink& sink) {
         float corner[9];
         for (int k = 0; k < 9; ++k) {
             int const at = 12 + 4 * k;
-            corner[k] = floatAt(facet.data() + at);
+            corner[k] = loadNumber<float>(facet.data() + at, ByteOrder::Little);
         }
         float const* const bad = std::find_if_not(corner, corner + 9, isFinite);
         if (bad != corner + 9)

@@ -1,9 +1,9 @@
 #include "StlWriter.h"
 
-#include <cstring>
 #include <limits>
 #include <stdexcept>
 
+#include "bytes.h"
 #include "numbers.h"
 #include "stlLayout.h"
 
@@ -11,18 +11,9 @@ namespace toolkit {
 
 namespace {
 
-char* putUnsigned(char* to, std::uint32_t value) noexcept {
-    for (int i = 0; i < 4; ++i)
-        *to++ = static_cast<char>(value >> 8 * i);
-    return to;
-}
-
 char* putCoordinates(char* to, Vertex const& v) noexcept {
-    for (float const coordinate : {v.x, v.y, v.z}) {
-        std::uint32_t bits;
-        std::memcpy(&bits, &coordinate, sizeof bits);
-        to = putUnsigned(to, bits);
-    }
+    for (float const coordinate : {v.x, v.y, v.z})
+        to = storeNumber(to, coordinate, ByteOrder::Little);
     return to;
 }
 
@@ -32,6 +23,8 @@ BinaryStlWriter::BinaryStlWriter(OutputFile& file, Settings const& settings)
     : ModelWriter(settings.degenerate), file_(file), out_(file) {
     // Readers take "solid" for the beginning of an ASCII file.
     std::string header = "binary STL by kova-translate";
+    if (!settings.unit.empty())
+        header += ", units = " + settings.unit;
     header.resize(kStlHeaderSize);
     out_.write(header);
 }
@@ -56,7 +49,7 @@ void BinaryStlWriter::writeTriangle(Vertex const& a, Vertex const& b, Vertex con
 void BinaryStlWriter::finish() {
     out_.flush();
     char count[4];
-    putUnsigned(count, static_cast<std::uint32_t>(written()));
+    storeNumber(count, static_cast<std::uint32_t>(written()), ByteOrder::Little);
     file_.overwrite(kStlCountAt, {count, sizeof count});
 }
 

@@ -1,0 +1,117 @@
+#include "PlyWriter.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+#include "bytes.h"
+#include "numbers.h"
+
+namespace toolkit {
+
+namespace {
+
+/// The nearest of 256 steps.
+std::uint8_t step(float component) noexcept {
+    return static_cast<std::uint8_t>(std::lround(255 * component));
+}
+
+} // namespace
+
+PlyWriter::PlyWriter(KOVAOutputStream& stream, Settings const& settings, PlyEncoding encoding)
+    : WeldingWriter(settings, kColors | kNormals), out_(stream), digits_(settings.digits), unit_(settings.unit),
+      encoding_(encoding) {}
+
+void PlyWriter::begin(Part const& /*part*/, Material const* material) {
+    setColor(material ? &material->color : nullptr);
+}
+
+void PlyWriter::findColumns() {
+    for (std::size_t i = 0; i < size(); ++i) {
+        Look const& look = this->look(i);
+        hasNormals_ = hasNormals_ || look.hasNormal;
+        hasColors_ = hasColors_ || look.hasColor;
+        hasAlphas_ = hasAlphas_ || look.alpha != 1;
+    }
+}
+
+template <class Number> char* PlyWriter::put(char* to, Number value) const noexcept {
+    if (encoding_ != PlyEncoding::Ascii)
+        return storeNumber(to, value, encoding_ == PlyEncoding::Big ? ByteOrder::Big : ByteOrder::Little);
+    if constexpr (std::is_same_v<Number, float>)
+        to = putDigits(to, value, digits_);
+    else
+        to = std::to_chars(to, to + 31, value).ptr;
+    *to = ' ';
+    return to + 1;
+}
+
+/// In place of the last blank.
+char* PlyWriter::putEnd(char* to) const noexcept {
+    if (encoding_ == PlyEncoding::Ascii)
+        to[-1] = '\n';
+    return to;
+}
+
+void PlyWriter::writeHeader() {
+    std::string header = "ply\nformat ";
+    header += keywordOf(encoding_);
+    header += " 1.0\n";
+    if (!unit_.empty())
+        header += "comment units = " + unit_ + "\n";
+    header += "element vertex " + std::to_string(size()) + "\n";
+    header += "property float x\nproperty float y\nproperty float z\n";
+    if (hasNormals_)
+        header += "property float nx\nproperty float ny\nproperty float nz\n";
+    if (hasColors_)
+        header += "property uchar red\nproperty uchar green\nproperty uchar blue\n";
+    if (hasAlphas_)
+        header += "property uchar alpha\n";
+    // Other readers expect int, as long as it will do.
+    bool const needsUnsigned = size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max());
+    header += "element face " + std::to_string(faces().size()) + "\nproperty list uchar ";
+    header += needsUnsigned ? "uint" : "int";
+    header += " vertex_indices\nend_header\n";
+    out_.write(header);
+}
+
+void PlyWriter::writeVertex(std::size_t index) {
+    Vertex const& position = this->position(index);
+    Look const& look = this->look(index);
+    char* to = out_.room(kLongestRecord);
+    to = put(put(put(to, position.x), position.y), position.z);
+    if (hasNormals_)
+        to = put(put(put(to, look.normal.x), look.normal.y), look.normal.z);
+    if (hasColors_) {
+        Vertex const color = look.hasColor ? look.color : Vertex{1, 1, 1};
+        to = put(put(put(to, step(color.x)), step(color.y)), step(color.z));
+    }
+    if (hasAlphas_)
+        to = put(to, step(look.alpha));
+    out_.use(putEnd(to));
+}
+
+void PlyWriter::writeFace(Face const& face) {
+    char* to = put(out_.room(kLongestRecord), std::uint8_t{3});
+    for (std::uint32_t const number : face)
+        to = put(to, number - 1);
+    out_.use(putEnd(to));
+}
+
+void PlyWriter::finish() {
+    findColumns();
+    writeHeader();
+    for (std::size_t i = 0; i < size(); ++i)
+        writeVertex(i);
+    for (Face const& face : faces())
+        writeFace(face);
+    out_.flush();
+}
+
+std::string PlyWriter::description() const {
+    return std::string(nameOf(encoding_)) + ", " + std::to_string(faces().size()) + " faces, " +
+           std::to_string(size()) + " vertices";
+}
+
+} // namespace toolkit
