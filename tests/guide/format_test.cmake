@@ -1,5 +1,5 @@
 # The guide's format beside the program: found without the program knowing of it.
-file(COPY ${program} DESTINATION ${folder})
+file(COPY ${program} ${beside} DESTINATION ${folder})
 cmake_path(GET program FILENAME name)
 set(triangles " 0 0 0 1 0 0 0 1.5 0\n 1 0 0 1 1.5 0 0 1.5 0\n")
 file(WRITE ${folder}/in.tri "${triangles}")
