@@ -184,7 +184,7 @@ TEST_F(Ply, BadInputIsOneErrorAndNoOutput) {
         {header + three + "3 0 1.0 2", "\"1.0\" where a number of type int should follow (line 13)"},
         {header + three + "3 0 1 2\n\n3 0 1 2\n", "\"3\" where the end of the file should follow (line 15)"},
         {kAscii + vertex + "property int red\nproperty int green\nproperty int blue\nend_header\n0 0 0 0 0 256\n" +
-             three,
+             three + three,
          "256 for a colour, which goes from 0 to 255 (line 11)"},
         {kAscii + vertex + kRgb + "property float alpha\nend_header\n0 0 0 0 0 0 -0.5\n" + three + three,
          "-0.5 for a colour, which goes from 0 to 1 (line 12)"},
