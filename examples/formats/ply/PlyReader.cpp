@@ -137,38 +137,45 @@ float PlyReader::readRole(PlyProperty const& property, Role role) {
 }
 
 void PlyReader::readVertices(PlyElement const& element) {
-    auto const has = [&element](std::initializer_list<Role> roles) {
-        return std::all_of(roles.begin(), roles.end(), [&element](Role role) {
-            return std::any_of(element.properties.begin(), element.properties.end(),
-                               [role](PlyProperty const& each) { return roleOf(each) == role; });
-        });
-    };
     std::vector<Role> roles;
     for (PlyProperty const& property : element.properties)
         roles.push_back(roleOf(property));
+    auto const has = [&roles](std::initializer_list<Role> wanted) {
+        return std::all_of(wanted.begin(), wanted.end(),
+                           [&roles](Role role) { return std::find(roles.begin(), roles.end(), role) != roles.end(); });
+    };
     if (!has({kX, kY, kZ}))
         throw PlyFailure{fail(kInvalidFile, file_, atLine(element.line), "vertices without x, y or z")};
-    bool const hasColors = has({kRed, kGreen, kBlue});
     bool const hasNormals = has({kNormalX, kNormalY, kNormalZ});
+    bool const hasColors = has({kRed, kGreen, kBlue});
+    // What is there in part only is left out.
+    std::replace_if(
+        roles.begin(), roles.end(),
+        [&](Role role) { return role >= kNormalX && !(role < kRed ? hasNormals : hasColors); }, kOther);
     for (long long i = 0; i < element.count; ++i) {
         values_.beginElement(element, i);
-        float row[kOther] = {};
-        row[kAlpha] = 1;
-        for (std::size_t at = 0; at < roles.size(); ++at) {
-            if (roles[at] == kOther)
-                skip(element.properties[at]);
-            else
-                row[roles[at]] = readRole(element.properties[at], roles[at]);
-        }
+        Row const row = readVertex(element, roles);
         values_.endElement();
         vertices_.push_back({row[kX], row[kY], row[kZ]});
+        Vertex const normal{row[kNormalX], row[kNormalY], row[kNormalZ]};
+        bool const isFinite = std::isfinite(normal.x) && std::isfinite(normal.y) && std::isfinite(normal.z);
+        if (hasNormals)
+            normals_.push_back(isFinite ? normal : Vertex{});
         if (hasColors)
             colors_.push_back({row[kRed], row[kGreen], row[kBlue], row[kAlpha]});
-        bool const isNormal =
-            std::isfinite(row[kNormalX]) && std::isfinite(row[kNormalY]) && std::isfinite(row[kNormalZ]);
-        if (hasNormals)
-            normals_.push_back(isNormal ? Vertex{row[kNormalX], row[kNormalY], row[kNormalZ]} : Vertex{});
     }
+}
+
+PlyReader::Row PlyReader::readVertex(PlyElement const& element, std::vector<Role> const& roles) {
+    Row row{};
+    row[kAlpha] = 1;
+    for (std::size_t i = 0; i < roles.size(); ++i) {
+        if (roles[i] == kOther)
+            skip(element.properties[i]);
+        else
+            row[roles[i]] = readRole(element.properties[i], roles[i]);
+    }
+    return row;
 }
 
 std::size_t PlyReader::readIndex(PlyType type) {

@@ -27,6 +27,7 @@ public:
 private:
     /// What a property of a vertex is; kOther for what is left out.
     enum Role { kX, kY, kZ, kNormalX, kNormalY, kNormalZ, kRed, kGreen, kBlue, kAlpha, kOther };
+    using Row = std::array<float, kOther>;
     static Role roleOf(PlyProperty const& property) noexcept;
 
     void readHeader();
@@ -34,6 +35,7 @@ private:
     void checkCount(PlyElement const& element) const;
     void readElement(PlyElement const& element, ModelSink& sink, ShellBuilder& shells);
     void readVertices(PlyElement const& element);
+    Row readVertex(PlyElement const& element, std::vector<Role> const& roles);
     float readRole(PlyProperty const& property, Role role);
     void readFaces(PlyElement const& element, ShellBuilder& shells);
     void readFace(PlyProperty const& indices, ShellBuilder& shells);
