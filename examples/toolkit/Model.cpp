@@ -31,8 +31,14 @@ Part& Scene::addPart(std::string_view name, std::vector<std::string> const& grou
 }
 
 Part& Scene::addInstance(Part const& part, std::size_t number) {
-    std::string const title = part.title();
-    return addPart((title.empty() ? "" : title + " ") + "#" + std::to_string(number));
+    std::vector<std::string> groups;
+    for (KOVASelectionSet const* const group : part.groups)
+        groups.push_back(nameOf(*group));
+    std::string const suffix = "_" + std::to_string(number);
+    return addPart(part.name.empty() && !groups.empty() ? ""
+                   : part.name.empty()                  ? "instance" + suffix
+                                                        : part.name + suffix,
+                   groups);
 }
 
 Material& Scene::addMaterial(std::string_view name) {

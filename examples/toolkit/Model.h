@@ -39,7 +39,7 @@ public:
 
     /// A new part, a member of the groups of these names.
     Part& addPart(std::string_view name, std::vector<std::string> const& groups = {});
-    /// One more of the part, for the instance of the model with this number, counted from 1.
+    /// One more of the part, in the same groups, for the instance of the model with this number, counted from 1.
     Part& addInstance(Part const& part, std::size_t number);
     Material& addMaterial(std::string_view name);
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <kova/public/KOVIUnit.h>
+
 #include "characters.h"
 #include "report.h"
 
@@ -39,8 +41,9 @@ void ModelReader::takeHeaderText(std::string_view text) {
     std::string_view const shown = trimmed(trimmed(text).substr(0, kLongest));
     if (headerText_.empty())
         headerText_ = printable(shown);
-    if (units_.empty())
-        units_ = statedUnit(shown);
+    std::string_view const unit = statedUnit(shown);
+    if (!unit.empty() && !KOVIUnit(units_.c_str()).IsValid())
+        units_ = unit;
 }
 
 } // namespace toolkit

@@ -45,7 +45,7 @@ public:
 
 protected:
     /// For each text in front of the model: keeps the beginning of the first that is more than blanks, and what the
-    /// first that says so calls the unit.
+    /// first that names a known unit (else the last that says so) calls it.
     void takeHeaderText(std::string_view text);
     void addFurtherFile(std::string const& name) { furtherFiles_.push_back(name); }
 

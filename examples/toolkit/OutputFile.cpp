@@ -51,10 +51,7 @@ void OutputFile::open() {
     if (!target_.empty()) {
         written_ = unusedName(target_.parent_path());
         file_ = opened(written_, "wb");
-    }
-    // A file may be writable where its folder is not.
-    if (!file_ && (exists || target_.empty())) {
-        written_ = target_;
+    } else {
         file_ = opened(path, "wb");
     }
     isRemovedAtEnd_ = file_ && !written_.empty();

@@ -52,10 +52,12 @@ std::pair<double, double> sineAndCosine(double degrees) {
 
 /// About an axis that is not zero: Rodrigues' formula.
 KOVAAffine3D rotation(double x, double y, double z, double degrees) {
-    double const length = std::sqrt(x * x + y * y + z * z);
-    x /= length;
-    y /= length;
-    z /= length;
+    // Components of any size have a length that is a number.
+    double const largest = std::max({std::abs(x), std::abs(y), std::abs(z)});
+    double const length = std::hypot(x / largest, y / largest, z / largest);
+    x = x / largest / length;
+    y = y / largest / length;
+    z = z / largest / length;
     auto const [s, c] = sineAndCosine(degrees);
     double const t = 1.0 - c;
     return {t * x * x + c,     t * x * y - s * z, t * x * z + s * y, //
@@ -89,6 +91,14 @@ void placeNormals(float* normals, int count, KOVAAssemblyComponentTransform cons
     }
 }
 
+void placeExactly(float* points, int count, double const (&m)[12]) {
+    for (float* p = points; p != points + 3 * static_cast<long>(count); p += 3) {
+        double const v[3] = {double{p[0]}, double{p[1]}, double{p[2]}};
+        for (int i = 0; i < 3; ++i)
+            p[i] = static_cast<float>(m[i] * v[0] + m[3 + i] * v[1] + m[6 + i] * v[2] + m[9 + i]);
+    }
+}
+
 } // namespace
 
 bool readPlacement(std::string_view text, KOVAAssemblyComponentTransform& placement) {
@@ -111,13 +121,19 @@ bool readPlacement(std::string_view text, KOVAAssemblyComponentTransform& placem
 }
 
 void place(KOVASurfacicShell& shell, KOVAAssemblyComponentTransform const& placement) {
-    if (placement.IsIdentityTransform())
+    double m[12];
+    placement.Get(m);
+    constexpr double kIdentity[12] = {1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
+    if (std::equal(std::begin(m), std::end(m), std::begin(kIdentity)))
         return;
     int count = 0;
     float* points = nullptr;
     shell.GetPoints(count, points);
-    for (float* p = points; p != points + 3 * static_cast<long>(count); p += 3)
-        placement.ApplyTransform(p);
+    // What is nearly the identity leaves points as they are, and yet a user may mean it.
+    if (placement.IsIdentityTransform())
+        placeExactly(points, count, m);
+    else
+        TransformPoints(placement, points, count);
     float* normals = nullptr;
     shell.GetNormals(count, normals);
     if (count > 0)

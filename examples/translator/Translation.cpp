@@ -11,6 +11,7 @@
 #include <numeric>
 #include <optional>
 #include <unordered_map>
+#include <unordered_set>
 
 #include <kova/core/Gk_ErrMgr.h>
 #include <kova/public/KOVIFileImpl.h>
@@ -140,6 +141,7 @@ private:
     void openOutput(std::string const& name);
     void beginOutput(Output& output);
     void completeOutput(Output& output);
+    void requireFree(char const* name) const;
     static void requireOpen(OutputFile const& file);
     void requireNotRead(OutputFile const& file) const;
     static void complete(OutputFile& file, long long bytes);
@@ -186,7 +188,9 @@ private:
     std::size_t expected_ = 0; ///< triangles
     long long read_ = 0;
     std::deque<Output> outputs_;
-    std::unordered_map<std::string, int> names_; ///< of parts' files, and how often each was wanted
+    static constexpr std::size_t kLongestTitle = 100; ///< in names of files
+    std::unordered_set<std::string> names_;           ///< of parts' files, in small letters
+    std::unordered_map<std::string, int> numbers_;    ///< how many more of them were wanted
 };
 
 // --- reading
@@ -274,6 +278,7 @@ void Conversion::add(Piece const& piece) {
 }
 
 void Conversion::deliver(Piece const& piece, KOVAAssemblyComponentTransform const& placement) {
+    KOVACallbackShared::IsAborted();
     place(piece.shell, placement);
     Triangles const triangles(piece);
     piece.part.triangles += static_cast<long long>(triangles.size());
@@ -291,7 +296,15 @@ void Conversion::deliver(Piece const& piece, KOVAAssemblyComponentTransform cons
 void Conversion::openOutput(std::string const& name) {
     if (isSameFile(input_, name.c_str()))
         throw Failed{fail(kInvalidArgument, name.c_str(), kNowhere, "is the input too; name another file to write")};
+    requireFree(name.c_str());
     requireOpen(outputs_.emplace_back(name).file);
+}
+
+void Conversion::requireFree(char const* name) const {
+    for (char const* const log : job_.logs) {
+        if (isSameFile(log, name))
+            throw Failed{fail(kInvalidArgument, name, kNowhere, "is a log of this run; name another file to write")};
+    }
 }
 
 /// At once: errno still tells why.
@@ -333,6 +346,7 @@ void Conversion::completeOutput(Output& output) {
     for (FurtherFile const& each : output.further) {
         requireOpen(*each.file);
         requireNotRead(*each.file);
+        requireFree(each.file->name());
     }
     complete(output.file, output.writer->bytes());
     for (FurtherFile const& each : output.further)
@@ -363,11 +377,19 @@ std::string Conversion::nameForPart(Part const& part) {
     std::string title = part.title();
     std::replace_if(
         title.begin(), title.end(), [](char c) { return !isPrintable(c) || std::strchr("\"*/:<>?\\| ", c); }, '_');
-    std::string const& whole = outputName_;
-    std::size_t const dot = whole.rfind('.');
-    std::string const name = whole.substr(0, dot) + "-" + (title.empty() ? "unnamed" : title);
-    int const count = ++names_[name];
-    return name + (count > 1 ? "-" + std::to_string(count) : "") + whole.substr(dot);
+    title.resize(std::min<std::size_t>(title.size(), kLongestTitle));
+    std::string const wanted = "-" + (title.empty() ? "unnamed" : title);
+    std::string name = wanted;
+    // Some systems do not tell letters apart by case.
+    auto const folded = [](std::string text) {
+        std::transform(text.begin(), text.end(), text.begin(),
+                       [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
+        return text;
+    };
+    for (int& number = numbers_[folded(wanted)]; !names_.insert(folded(name)).second;)
+        name = wanted + "-" + std::to_string(++number + 1);
+    std::size_t const dot = outputName_.rfind('.');
+    return outputName_.substr(0, dot) + name + outputName_.substr(dot);
 }
 
 void Conversion::writeHeld() {
@@ -449,6 +471,8 @@ KOVIResult Conversion::run(KOVAConvertedEntitiesInfo& entities) {
     if (result.IsFailure())
         return result;
     report();
+    if (sum(&Output::written) == 0)
+        warn(input_, kNowhere, "there is no triangle to translate");
     entities.groups = clamped(std::count_if(scene_.parts().begin(), scene_.parts().end(),
                                             [](Part const& part) { return part.triangles > 0; }));
     entities.otherEntities = clamped(sum(&Output::written));

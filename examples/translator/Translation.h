@@ -21,7 +21,8 @@ struct Job {
     KOVIUnit toUnit = {};     ///< of the output; unknown for that of the input
     /// Where the model is put, in units of the input: one instance for each, in this order. None for as it is.
     std::vector<KOVAAssemblyComponentTransform> placements = {};
-    bool isSplit = false; ///< each part becomes a file of its own
+    bool isSplit = false;               ///< each part becomes a file of its own
+    std::vector<char const*> logs = {}; ///< files that are no output
 };
 
 /// Translates a file to another, each of the format that the end of its name says. Reports what was read and written

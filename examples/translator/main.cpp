@@ -77,6 +77,10 @@ KOVIResult runProduct(CommandLine const& line, Formats& formats, toolkit::Consol
     job.toUnit = line.toUnit;
     job.placements = line.placements;
     job.isSplit = line.isSplit;
+    for (char const* const log : {line.log, line.jsonLog}) {
+        if (log)
+            job.logs.push_back(log);
+    }
     console.setInputSize(line.names[0]);
     return toolkit::translate(formats, job);
 }

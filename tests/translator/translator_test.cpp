@@ -359,9 +359,9 @@ TEST_F(Translator, SplitsIntoParts) {
                                                  {"out-a_b.obj", 2},
                                                  {"out-c.obj", 2},
                                                  {"out-a_b-2.obj", 1},
-                                                 {"out-a_b_#2.obj", 2},
-                                                 {"out-c_#2.obj", 2},
-                                                 {"out-a_b_#2-2.obj", 1}}));
+                                                 {"out-a_b_2.obj", 2},
+                                                 {"out-c_2.obj", 2},
+                                                 {"out-a_b_2-2.obj", 1}}));
 }
 
 TEST_F(Translator, AnAbortAnywhereLeavesEverythingAsItWas) {

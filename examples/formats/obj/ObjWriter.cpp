@@ -1,8 +1,12 @@
 #include "ObjWriter.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
+#include <set>
 #include <utility>
+
+#include <kova/model/KOVACallbackShared.h>
 
 #include "characters.h"
 #include "numbers.h"
@@ -34,11 +38,21 @@ std::string groupsOf(Part const& part) {
     return names;
 }
 
+/// What stands apart behind "#" would be a comment.
+std::string withoutComment(std::string_view name) {
+    std::string text(name);
+    for (std::size_t i = text.find('#'); i != std::string::npos; i = text.find('#', i + 1)) {
+        if (i > 0 && isSpace(text[i - 1]))
+            text[i - 1] = '_';
+    }
+    return !text.empty() && text.front() == '#' ? "_" + text : text;
+}
+
 void writeName(KOVABlockWriter& out, std::string_view keyword, std::string_view name) {
     out.write(keyword);
     if (!name.empty())
         out.write(' ');
-    out.write(name);
+    out.write(withoutComment(name));
     // A backslash at the end would continue the line.
     out.write(!name.empty() && name.back() == '\\' ? " \n" : "\n");
 }
@@ -86,6 +100,8 @@ void ObjWriter::addFaceNormals() {
         return;
     normalFaces_.resize(faces().size());
     for (std::size_t i = 0; i < faces().size(); ++i) {
+        if (i % 4096 == 0)
+            KOVACallbackShared::IsAborted();
         Face const& face = faces()[i];
         Vertex const normal = unitNormal(position(face[0] - 1), position(face[1] - 1), position(face[2] - 1));
         if (normalFaces_[i][0] == 0 && !(normal == Vertex{}))
@@ -96,13 +112,14 @@ void ObjWriter::addFaceNormals() {
 /// Different ones keep different names.
 void ObjWriter::nameMaterials() {
     std::set<std::string> taken;
+    std::map<std::string, int> numbers; // how many more of a name were wanted
     for (Run const& run : runs_) {
         if (!run.material || materialNames_.count(run.material) > 0)
             continue;
         std::string const wanted = word(run.material->name);
         std::string name = wanted;
-        for (int i = 2; !taken.insert(name).second; ++i)
-            name = wanted + "_" + std::to_string(i);
+        for (int& number = numbers[wanted]; !taken.insert(name).second;)
+            name = wanted + "_" + std::to_string(++number + 1);
         materialNames_[run.material] = name;
         materials_.push_back(run.material);
     }
