@@ -20,18 +20,22 @@ public:
     Console() {
         KOVAString named;
         isBrief_ = KOVAEnvironment::GetVariable("KOVAConsoleTracesLevel", named).IsFailure();
+        isQuiet_ = !isBrief_ && KOVAEvent::GetLevel(named, KOVA_LEVEL_NONE) > KOVA_LEVEL_INFO;
         Initialize(KOVA_LEVEL_UNSET);
     }
 
     void HandleEvent(KOVAEvent& event) override {
         if (auto const* const progress = dynamic_cast<KOVAThirdPartyProgressEvent*>(&event)) {
-            bar_.show(progress->GetProgress());
+            if (!isQuiet_)
+                bar_.show(progress->GetProgress());
         } else if (!isBrief_ || isForBriefOnes(event)) {
             bar_.erase();
             KOVAConsoleLogger::HandleEvent(event);
         }
     }
     void setLevel(KOVAEventLevel level) {
+        if (isBrief_)
+            isQuiet_ = level > KOVA_LEVEL_INFO;
         isBrief_ = false;
         Finalize();
         Initialize(level);
@@ -51,6 +55,7 @@ private:
     }
 
     bool isBrief_ = true;
+    bool isQuiet_ = false; ///< shows less than messages, so no progress either
     ProgressBar bar_;
 };
 

@@ -162,7 +162,7 @@ TEST(Color, NumbersFrom0To255ComeBack) {
 }
 
 std::istream& operator>>(std::istream& in, KOVARGBColor& color) {
-    float v[4];
+    float v[4] = {};
     in >> v[0] >> v[1] >> v[2] >> v[3];
     color = KOVARGBColor(v[0], v[1], v[2], v[3]);
     return in;
