@@ -215,8 +215,11 @@ KOVIResult KOVACfgFile::Load(std::FILE* file) {
     if (!file)
         return kInvalidArgument;
     KOVACfgFileSection* current = createSection("");
-    for (long number = 1; loadLine(file, number, current);)
+    long number = 1;
+    while (loadLine(file, number, current))
         ++number;
+    if (std::ferror(file))
+        flagError("Read error: line %ld", number);
     return errors_.size() > 0 ? kFailure : kSuccess;
 }
 

@@ -78,7 +78,8 @@ public:
 
     /// Invalid Argument for a null or empty path; File Open Error; else as below.
     KOVIResult Load(char const* path);
-    /// Reads to the end. Failure when any error is recorded, also from before; Invalid Argument for null.
+    /// Reads to the end. Failure when any error is recorded, also from before; a stream that cannot be read to its
+    /// end is one, too. Invalid Argument for null.
     KOVIResult Load(std::FILE* file);
 
     // Typed queries. False when there is no such section or key; an index past the values reads as the empty

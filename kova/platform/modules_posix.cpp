@@ -33,10 +33,13 @@ fs::path ownFile() {
     return {};
 }
 
-/// The folders that the loader searches on this library's behalf.
+/// The folders that the loader searches on this library's behalf; none when they are not known, because the
+/// library's file was replaced or there is no table of mappings.
 std::vector<fs::path> loaderFolders() {
     std::vector<fs::path> folders;
-    void* const own = ::dlopen(ownFile().c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    fs::path const file = ownFile();
+    // An empty name would be the program's, whose folders are others.
+    void* const own = file.empty() ? nullptr : ::dlopen(file.c_str(), RTLD_LAZY | RTLD_NOLOAD);
     Dl_serinfo size = {};
     if (own && ::dlinfo(own, RTLD_DI_SERINFOSIZE, &size) == 0) {
         std::unique_ptr<char[]> const buffer(new char[size.dls_size]);
@@ -64,10 +67,14 @@ void* open(fs::path const& file, std::string& reason) {
 }
 
 /// An empty or relative entry of LD_LIBRARY_PATH is the current folder for the loader, or one below it. Where
-/// there is one, the others are searched in its place.
+/// there is one, the others are searched in its place. Where the folders are not known, there may be one.
 void* openByLoaderRules(fs::path const& name, std::string& reason) {
-    bool relative = false;
     std::vector<fs::path> const folders = loaderFolders();
+    if (folders.empty()) {
+        reason = name.string() + ": the loader's search path is not known";
+        return nullptr;
+    }
+    bool relative = false;
     for (fs::path const& folder : folders)
         relative = relative || folder.is_relative();
     if (!relative)

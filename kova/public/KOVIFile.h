@@ -13,7 +13,8 @@ public:
     KOVIFile(char const* path);
     KOVIFile(unsigned short const* path);
     /// An open file's number, for reading from where it stands. It stays the caller's, who closes it after the
-    /// last use; its position is then anywhere. Not valid when negative.
+    /// last use; its position is then anywhere. What was read to the end gives nothing, with Success, when it is
+    /// loaded again. Not valid when negative.
     explicit KOVIFile(int descriptor);
     /// An open stream and what messages call it; null for nothing. The stream stays the caller's, who closes it
     /// after the last use. Not valid for a null stream.

@@ -62,7 +62,8 @@ KOVINameHandle::KOVINameHandle(char const* const tag, char const* text) : KOVIOb
 }
 
 char const* KOVINameHandle::GetText() const {
-    return IsValid() ? kova::detail::bodyOf<KOVINameImpl>(*this)->GetText() : nullptr;
+    KOVINameImpl const* const body = kova::detail::validBodyOf<KOVINameImpl>(*this);
+    return body ? body->GetText() : nullptr;
 }
 
 KOVIName::~KOVIName() = default;

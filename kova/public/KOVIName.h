@@ -10,7 +10,8 @@
 ///
 /// The constants live as long as the process. Loading them costs next to nothing: they are references to handles
 /// that are made when the library is compiled and never destroyed. The body of each is made when it is first asked
-/// for, takes its serial number then, and is never deleted, whatever is done with copies.
+/// for, takes its serial number then, and is never deleted, whatever is done with copies. Hazard: the whole process
+/// shares the constants, so that using one, even reading or copying it, is for one thread at a time.
 class KOVA_API KOVINameHandle : public KOVIObject {
 public:
     /// The name, null for a handle that is not valid; it lives as long as the body.

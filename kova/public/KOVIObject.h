@@ -5,7 +5,7 @@
 /// Base of the handles that applications hold. A handle has a tag, the name of its class, and a body, which
 /// carries the data and counts the handles that hold it. Handles are cheap to pass by value: a copy takes a
 /// reference of its own on the same body, and the handle that drops the last one deletes it. They are for one
-/// thread at a time.
+/// thread at a time. Hazard: so are the constants of names, which the whole process shares.
 class KOVA_API KOVIObject {
 public:
     /// It has a tag and a body.

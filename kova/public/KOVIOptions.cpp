@@ -1,5 +1,7 @@
 #include <kova/public/KOVIOptions.h>
 
+#include <initializer_list>
+
 #include <kova/core/results.h>
 #include <kova/options/KOVAOption.h>
 #include <kova/options/KOVAOptionName.h>
@@ -25,12 +27,16 @@ namespace {
 constexpr char kTag[] = "KOVIOptions";
 
 /// Success when the operation may go on. (A derived handle may call itself valid and have no body.)
-KOVIResult checked(KOVIObject const& options, bool validArguments) {
+KOVIResult checked(KOVIObject const& options, std::initializer_list<KOVIObject const*> arguments = {}) {
     if (!options.IsValid())
         return kInvalidObject;
-    if (!validArguments)
-        return kInvalidArgument;
-    return options.GetData() ? kSuccess : kErrorEncountered;
+    bool bodies = options.GetData() != nullptr;
+    for (KOVIObject const* const argument : arguments) {
+        if (!argument->IsValid())
+            return kInvalidArgument;
+        bodies = bodies && argument->GetData();
+    }
+    return bodies ? kSuccess : kErrorEncountered;
 }
 
 } // namespace
@@ -44,12 +50,12 @@ KOVIOptions::KOVIOptions() : KOVIObject(kTag) {
 KOVIOptions::~KOVIOptions() = default;
 
 KOVIResult KOVIOptions::Load(KOVIFile const& file) {
-    KOVIResult const result = checked(*this, file.IsValid());
+    KOVIResult const result = checked(*this, {&file});
     return result.IsFailure() ? result : bodyOf<KOVIOptionsImpl>(*this)->Load(*bodyOf<KOVIFileImpl>(file));
 }
 
 KOVIResult KOVIOptions::Add(KOVIOptionName const& name, KOVIValue const& value) {
-    KOVIResult const result = checked(*this, name.IsValid() && value.IsValid());
+    KOVIResult const result = checked(*this, {&name, &value});
     if (result.IsFailure())
         return result;
     KOVAString text;
@@ -68,7 +74,7 @@ int KOVIOptions::GetOptionsCount() const {
 KOVIResult KOVIOptions::GetOptionAt(int index, KOVIOptionName& name, KOVIValue& value) const {
     KOVAString text;
     KOVAValue content;
-    KOVIResult result = checked(*this, true);
+    KOVIResult result = checked(*this);
     if (result.IsSuccess())
         result = bodyOf<KOVIOptionsImpl>(*this)->GetOptionAt(index, text, content);
     if (result.IsFailure())

@@ -14,7 +14,8 @@
 ///     result &= options.Add(KOVIOptionName::SewTolerance, 0.01);
 ///
 /// Operations give Invalid Object for a handle that is not valid, and Invalid Argument when one of their
-/// arguments is not. Copies share the set: what is added to one is in all.
+/// arguments is not; Error Encountered when one of a derived class calls itself valid and has no body. Copies share the
+/// set: what is added to one is in all.
 class KOVA_API KOVIOptions : public KOVIObject {
 public:
     KOVIOptions();

@@ -8,9 +8,9 @@
 static_assert(sizeof(void*) != 4 || sizeof(KOVIUnit) == 12);
 static_assert(sizeof(void*) != 4 || sizeof(KOVIUnitImpl) == 24);
 
-using kova::detail::bodyOf;
 using kova::detail::kErrorEncountered;
 using kova::detail::kSuccess;
+using kova::detail::validBodyOf;
 
 namespace {
 
@@ -62,13 +62,14 @@ KOVIUnit::~KOVIUnit() = default;
 
 KOVIUnit::operator KOVIUnitValue() const {
     KOVAUnit unit = KOVA_UNIT_UNKNOWN;
-    if (IsValid())
-        bodyOf<KOVIUnitImpl>(*this)->GetUnit(unit);
+    if (KOVIUnitImpl const* const body = validBodyOf<KOVIUnitImpl>(*this))
+        body->GetUnit(unit);
     return static_cast<KOVIUnitValue>(unit);
 }
 
 KOVIUnit::operator char const*() const {
-    return IsValid() ? kNames[KOVIUnitValue(*this)][0] : nullptr;
+    int const unit = KOVIUnitValue(*this);
+    return validBodyOf<KOVIUnitImpl>(*this) && isUnit(unit) ? kNames[unit][0] : nullptr;
 }
 
 KOVIUnitImpl::~KOVIUnitImpl() = default;

@@ -34,6 +34,8 @@ public:
     KOVIUnit();
     /// Not valid for a number that is no unit.
     KOVIUnit(KOVIUnitValue unit);
+    /// The number of a unit, in the same way. (Without it a literal 0 would be a null text.)
+    KOVIUnit(int unit) : KOVIUnit(static_cast<KOVIUnitValue>(unit)) {}
     /// By its name, in any case: "unknown", "model", "nanometer" or "nm", "micrometer" or "micr", "millimeter" or
     /// "mm", "centimeter" or "cm", "decimeter" or "deci", "meter", "inch" or "in", "foot" or "ft", "mile",
     /// "kilometer" or "km", "milliinch", "microinch". Not valid for any other text and for null.
@@ -44,6 +46,7 @@ public:
 
     /// Unknown for a handle that is not valid.
     operator KOVIUnitValue() const;
-    /// The first of its names above, which lives as long as the process; null for a handle that is not valid.
+    /// The first of its names above, which lives as long as the process; null for a handle that is not valid,
+    /// and for a body that was made with a number that is no unit.
     operator char const*() const;
 };

@@ -7,9 +7,9 @@
 static_assert(sizeof(void*) != 4 || sizeof(KOVIValue) == 12);
 static_assert(sizeof(void*) != 4 || sizeof(KOVIValueImpl) == 56);
 
-using kova::detail::bodyOf;
 using kova::detail::kSuccess;
 using kova::detail::newBody;
+using kova::detail::validBodyOf;
 
 namespace {
 
@@ -18,8 +18,8 @@ constexpr char kTag[] = "KOVIValue";
 /// The handle's value; unknown when it is not valid.
 KOVAValue valueOf(KOVIValue const& handle) {
     KOVAValue value;
-    if (handle.IsValid())
-        bodyOf<KOVIValueImpl>(handle)->GetValue(value);
+    if (KOVIValueImpl const* const body = validBodyOf<KOVIValueImpl>(handle))
+        body->GetValue(value);
     return value;
 }
 
@@ -78,7 +78,8 @@ KOVIValue::operator double() const {
 }
 
 KOVIValue::operator char const*() const {
-    return IsValid() ? static_cast<char const*>(*bodyOf<KOVIValueImpl>(*this)) : nullptr;
+    KOVIValueImpl const* const body = validBodyOf<KOVIValueImpl>(*this);
+    return body ? static_cast<char const*>(*body) : nullptr;
 }
 
 KOVIValueImpl::~KOVIValueImpl() = default;

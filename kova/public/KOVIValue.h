@@ -17,6 +17,7 @@ public:
     KOVIValue(bool value);
     KOVIValue(int value);
     KOVIValue(double value);
+    /// Of null: a String whose text is null, read as 0, false and 0.0.
     KOVIValue(char const* value);
     /// Any other pointer would be taken for a bool.
     template <class T> KOVIValue(T const* value) = delete;

@@ -12,6 +12,11 @@ template <class Body> Body* bodyOf(KOVIObject const& handle) noexcept {
     return static_cast<Body*>(KOVIObjectImpl::Cast(handle.GetData()));
 }
 
+/// The body of a valid handle; null when it has none: a derived handle may call itself valid all the same.
+template <class Body> Body* validBodyOf(KOVIObject const& handle) {
+    return handle.IsValid() ? bodyOf<Body>(handle) : nullptr;
+}
+
 /// A new body, as KOVIObject::SetData takes it.
 template <class Body, class... Arguments> void* newBody(Arguments&&... arguments) {
     return static_cast<KOVIObjectImpl*>(new Body(std::forward<Arguments>(arguments)...));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -58,6 +59,34 @@ fs::path moduleFile(char const* library) {
 
 } // namespace
 
+/// A reference of the library to itself, which is not traced: whoever holds it may let go while a function of its
+/// own is at work. Then it is destroyed at the end.
+class KOVALibrary::SelfReference {
+public:
+    explicit SelfReference(KOVALibrary& library) : library_(library), held_(library.GetReferenceCount() > 0) {
+        library_.KOVAReferenceCount::RaiseReference();
+    }
+    SelfReference(SelfReference const&) = delete;
+    SelfReference& operator=(SelfReference const&) = delete;
+    ~SelfReference() {
+        bool const destroyed = isLast();
+        library_.KOVAReferenceCount::LowerReference();
+        if (!destroyed)
+            return;
+        if (std::uncaught_exceptions() > exceptions_)
+            library_.unloadable_ = false; // what was thrown may need the module's code
+        delete &library_;
+    }
+
+    /// Everybody else has let go. Never for a library that nobody held: it is no handle's, or being destroyed.
+    bool isLast() const noexcept { return held_ && library_.IsLastCall(); }
+
+private:
+    KOVALibrary& library_;
+    bool const held_;
+    int const exceptions_ = std::uncaught_exceptions();
+};
+
 KOVALibrary::KOVALibrary(char const* name, char const* initialisationFunction, char const* finalisationFunction)
     : KOVAReferenceCount(0), initialisationFunction_(initialisationFunction),
       finalisationFunction_(finalisationFunction) {
@@ -112,6 +141,7 @@ bool KOVALibrary::call(KOVAString const& functionName) {
 KOVIResult KOVALibrary::LoadAndInitialize() {
     if (initialising_)
         return kSuccess;
+    SelfReference const self(*this);
     Hold const guard(initialising_);
     if (!module_)
         load();
@@ -123,9 +153,11 @@ KOVIResult KOVALibrary::LoadAndInitialize() {
 KOVIResult KOVALibrary::GetFunction(char const* functionName, void*& function) {
     if (!functionName || !*functionName)
         return kInvalidArgument;
+    SelfReference const self(*this);
     if (!module_ || !initialised_)
         LoadAndInitialize();
-    function = module_ ? kova::detail::findSymbol(module_, functionName) : nullptr;
+    // What is about to be unloaded has no functions to give.
+    function = module_ && !self.isLast() ? kova::detail::findSymbol(module_, functionName) : nullptr;
     if (function)
         return kSuccess;
     KOVAError::Printf("No %s function in %s library.\n", functionName, name_);
@@ -135,6 +167,7 @@ KOVIResult KOVALibrary::GetFunction(char const* functionName, void*& function) {
 KOVIResult KOVALibrary::FinalizeAndUnload() {
     if (!module_ || initialising_)
         return kSuccess;
+    SelfReference const self(*this);
     Hold const guard(initialising_);
     if (initialised_ && unloadable_ && call(finalisationFunction_))
         initialised_ = false;

@@ -18,6 +18,11 @@
 ///
 /// A module that cannot be unloaded (on Linux, one that exports inline variables or static variables of
 /// templates; hidden visibility prevents that) keeps its static variables when it is loaded again.
+///
+/// Hazard: a module must have no thread-local variables. Those of other threads may be destroyed after the module
+/// was unloaded, when their code is gone.
+///
+/// A library whose last holder lets go while one of its two functions is running is destroyed after that.
 class KOVA_API KOVALibrary : public KOVAReferenceCount {
 public:
     /// Loads nothing. The functions are named as the module exports them; they take no arguments, and either
@@ -46,8 +51,8 @@ public:
 
     /// The address of what the module itself exports under the name, a function or a variable; it is good until
     /// the module is unloaded. Loads and initialises first. Failure, an error message and null when there is
-    /// none; Invalid Argument for a null or empty name, which leaves `function` alone. The initialisation
-    /// function may ask for the library's functions, too.
+    /// none, or when the initialisation function made the last holder let go; Invalid Argument for a null or empty
+    /// name, which leaves `function` alone. The initialisation function may ask for the library's functions, too.
     KOVIResult GetFunction(char const* functionName, void*& function);
 
     /// Calls the finalisation function of an initialised library, then unloads the module. Callers depend on the
@@ -58,6 +63,7 @@ public:
 
 private:
     friend class KOVALibraryManager;
+    class KOVA_LOCAL SelfReference;
     static constexpr std::size_t kNameSize = 64;
 
     KOVA_LOCAL void load();
@@ -78,6 +84,7 @@ class KOVA_API KOVALibraryHandle : public KOVAReferenceHandle {
 public:
     KOVALibraryHandle(KOVALibrary* library = nullptr) : KOVAReferenceHandle(library) {}
 
+    /// Hazard: null for an empty handle, unchecked; ask IsValid.
     KOVALibrary* operator->() const { return static_cast<KOVALibrary*>(GetInstance()); }
     operator KOVALibrary*() const { return static_cast<KOVALibrary*>(GetInstance()); }
 };

@@ -69,7 +69,7 @@ KOVIResult KOVALibraryManager::FreeLibraries() {
     log.Printf(KOVA_TRACE_MESSAGE, "Freeing libraries");
     std::vector<KOVAString> unheld;
     for (int i = 0; i < _libraries.size(); ++i) {
-        if (_libraries.value(i).IsLastCall() && !_libraries.value(i)->initialising_)
+        if (_libraries.value(i).IsLastCall())
             unheld.push_back(_libraries.name(i));
     }
     for (KOVAString const& name : unheld) {

@@ -31,7 +31,9 @@ public:
 
     /// The library of that name; where none is known, a new one, which is kept. No module is loaded. Callers
     /// depend on a known library keeping its functions; those given are then ignored. The pointer lives until
-    /// FreeLibraries; a KOVALibraryHandle keeps it longer. Invalid Argument and null for a null name.
+    /// FreeLibraries, or until the entry is replaced: by AddLibrary of the same name, or by CreateLibrary of a
+    /// name that is too long and has the same first 63 characters, or the other way round. A KOVALibraryHandle
+    /// keeps it longer. Invalid Argument and null for a null name.
     static KOVIResult CreateLibrary(char const* name, char const* initialisationFunction,
                                     char const* finalisationFunction, KOVALibrary*& library);
 

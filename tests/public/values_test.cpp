@@ -14,6 +14,11 @@ template <class Handle> Handle withoutBody() {
     return handle;
 }
 
+template <class Handle> struct Stubborn : Handle {
+    using Handle::Handle;
+    bool IsValid() const override { return true; }
+};
+
 template <class Body> Body* bodyOf(KOVIObject const& handle) {
     return static_cast<Body*>(KOVIObjectImpl::Cast(handle.GetData()));
 }
@@ -28,6 +33,7 @@ TEST(PublicValue, IsReadAsAnyKind) {
     } const rows[] = {
         {KOVIValue(), 0, 0, false, 0.0, nullptr},
         {withoutBody<KOVIValue>(), 0, 0, false, 0.0, nullptr},
+        {static_cast<char const*>(nullptr), 3, 0, false, 0.0, nullptr},
         {true, 0, 1, true, 1.0, "True"},
         {5, 1, 5, true, 5.0, "5"},
         {2.5, 2, 1, true, 2.5, "2.500000"},
@@ -63,6 +69,12 @@ TEST(PublicUnit, IsKnownByNumberAndByText) {
             << name;
     }
     KOVIUnit const none[] = {KOVIUnitValue(14), KOVIUnitValue(-1), "", "furlong", "-", "inch ", nullptr};
+    EXPECT_TRUE(KOVIUnit(0).IsValid() && KOVIUnit(13) == KOVI_UNIT_MICROINCH && !KOVIUnit(14).IsValid());
+    KOVIUnit odd;
+    for (int number : {-1, 14}) {
+        odd.SetData(static_cast<KOVIObjectImpl*>(new KOVIUnitImpl("KOVIUnit", KOVAUnit(number))));
+        EXPECT_FALSE(static_cast<char const*>(odd));
+    }
     for (KOVIUnit const& unit : none)
         EXPECT_FALSE(unit.IsValid() || unit != KOVI_UNIT_UNKNOWN || static_cast<char const*>(unit));
     KOVIUnit unit;
@@ -116,14 +128,10 @@ TEST(PublicOptions, AreAddedAndListed) {
     EXPECT_TRUE(options.Add("a.b.c.d.e.f.g.h", 1) == kInvalidArgument);
 }
 
-struct Stubborn : KOVIOptions {
-    bool IsValid() const override { return true; }
-};
-
 TEST(PublicOptions, RefuseWhatIsNotValid) {
     KOVIOptions const good;
     KOVIOptions gone = withoutBody<KOVIOptions>();
-    Stubborn stubborn = withoutBody<Stubborn>();
+    auto stubborn = withoutBody<Stubborn<KOVIOptions>>();
     KOVIOptionName name;
     KOVIValue value;
     KOVIFile const noFile("");
@@ -132,8 +140,15 @@ TEST(PublicOptions, RefuseWhatIsNotValid) {
     EXPECT_EQ((Numbers{KOVIOptions().Load(noFile), KOVIOptions().Add(name, 1), stubborn.Load(noFile),
                        KOVIOptions().Add("x", withoutBody<KOVIValue>()), good.GetOptionAt(0, name, value)}),
               Numbers(5, kInvalidArgument));
-    EXPECT_EQ((Numbers{stubborn.Load("x"), stubborn.Add("x", 1), stubborn.GetOptionAt(0, name, value)}),
-              Numbers(3, kError));
+    auto const bareName = withoutBody<Stubborn<KOVIOptionName>>();
+    auto const bareValue = withoutBody<Stubborn<KOVIValue>>();
+    auto const bareUnit = withoutBody<Stubborn<KOVIUnit>>();
+    EXPECT_EQ((Numbers{stubborn.Load("x"), stubborn.Add("x", 1), stubborn.GetOptionAt(0, name, value),
+                       KOVIOptions().Load(Stubborn<KOVIFile>("")), KOVIOptions().Add(bareName, 1),
+                       KOVIOptions().Add("x", bareValue)}),
+              Numbers(6, kError));
+    EXPECT_FALSE(bareName.GetText() || static_cast<char const*>(bareValue) || static_cast<char const*>(bareUnit) ||
+                 int(bareValue) || bareValue.GetType() || bareUnit != KOVI_UNIT_UNKNOWN);
     EXPECT_TRUE(stubborn.GetOptionsCount() == 0 && good.GetOptionsCount() == 0);
 }
 
@@ -142,7 +157,8 @@ TEST(PublicFile, IsAPathADescriptorOrAStream) {
     std::string const path = folder.write("some.options", "one = 1\r\ntwo = on\r\n[other]\nthree=3\n");
     KOVAString const wide(path.c_str());
     KOVAFileDescriptor const descriptor(path.c_str(), KOVAFileDescriptor::Read);
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> const stream(std::fopen(path.c_str(), "r"), &std::fclose);
+    using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+    Stream const stream(std::fopen(path.c_str(), "r"), &std::fclose);
     struct {
         KOVIFile file;
         std::string path;
@@ -166,6 +182,10 @@ TEST(PublicFile, IsAPathADescriptorOrAStream) {
     }
     KOVIOptions options;
     std::string const bad = folder.write("bad.options", "one=1\ntwo");
+    Stream const unreadable(std::fopen(folder.write("written.options", "").c_str(), "w"), &std::fclose);
+    EXPECT_EQ(options.Load(KOVIFile(unreadable.get(), "")), kFailure);
+    Stream const opened(std::fopen("public", "r"), &std::fclose); // a folder, which not every system opens
+    EXPECT_EQ(options.Load(KOVIFile(opened.get(), "")), opened ? kFailure : kInvalidArgument);
     EXPECT_EQ((Numbers{options.Load(bad.c_str()), options.Load("none"), options.Load(KOVIFile(99999)),
                        options.Load(KOVIFile(-1)), options.Load(KOVIFile(nullptr, "x")), options.GetOptionsCount()}),
               (Numbers{kFailure, kFileOpenError, kFileOpenError, kInvalidArgument, kInvalidArgument, 0}));

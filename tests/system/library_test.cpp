@@ -82,6 +82,23 @@ TEST(Library, WhatIsKeptAndWhatStartsAgain) {
     }
 }
 
+TEST(Library, IsReplacedWhileItsFunctionsRun) {
+    for (bool const loadedBefore : {false, true}) {
+        KOVALibrary* const calling = library("test-calling");
+        int finalisations = 0;
+        void* function = &finalisations;
+        if (loadedBefore) *variable<int*>(calling, "finalisations") = &finalisations;
+        test::Variable const replaced("KOVATestReplaced", "on");
+        if (loadedBefore)
+            EXPECT_EQ(calling->FinalizeAndUnload(), 0);
+        else
+            EXPECT_TRUE(calling->GetFunction("seen", function) == 0x01000001 && !function);
+        EXPECT_EQ(finalisations, loadedBefore);
+        EXPECT_FALSE(library("test-calling")->IsLoaded()); // another one
+        KOVALibraryManager::FreeLibraries();
+    }
+}
+
 TEST(Library, AThousandLoads) {
     KOVALibrary good("test-good", "Initialise", nullptr);
     for (int i = 0; i < 1000; ++i) {
