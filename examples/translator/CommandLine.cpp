@@ -10,7 +10,6 @@
 
 #include "Placement.h"
 #include "report.h"
-#include "units.h"
 
 namespace toolkit {
 
@@ -82,7 +81,7 @@ using Take = bool (*)(char const* text, CommandLine& line);
 
 bool takeUnit(char const* text, KOVIUnit& unit) {
     unit = KOVIUnit(text);
-    return isLength(unitOf(unit));
+    return unit.IsValid();
 }
 
 struct ValueOption {

@@ -1,5 +1,6 @@
 #include "Formats.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include <kova/options/KOVAOptionName.h>
@@ -18,12 +19,19 @@ std::string extensionOf(char const* file) {
     return extension.length() > 0 ? std::string(static_cast<char const*>(extension)) : std::string();
 }
 
+/// What extensionOf can find.
+bool isExtension(std::string const& text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(),
+                                        [](char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'); });
+}
+
 /// The library is loaded, and not initialised: none of its functions is called before its version is known.
 KOVIResult checkVersion(std::string const& name) {
     KOVALibrary library(name.c_str(), "", "");
     void* data = nullptr;
     if (library.GetFunction(kInterfaceName, data).IsFailure())
-        return kInvalidComponent;
+        return fail(kInvalidComponent, name.c_str(), kNowhere,
+                    "it does not say for which version of the interface to formats it was made");
     auto const version = static_cast<FormatInterface const*>(data)->version;
     if (version != kInterfaceVersion)
         return fail(kInvalidComponent, name.c_str(), kNowhere,
@@ -39,7 +47,9 @@ Formats::Formats() {
     KOVALibraryManager::FindLibraries(kLibraryPrefix, libraries);
     for (int i = 0; i < libraries.size(); ++i) {
         std::string const name = static_cast<char const*>(libraries[i]);
-        byExtension_[name.substr(std::strlen(kLibraryPrefix))];
+        std::string const extension = name.substr(std::strlen(kLibraryPrefix));
+        if (isExtension(extension))
+            byExtension_[extension];
     }
 }
 

@@ -26,6 +26,14 @@ using toolkit::kSuccess;
 
 constexpr char kProgram[] = "kova-translate " KOVA_TRANSLATE_VERSION;
 
+constexpr int kEndingSignals[] = {
+    SIGINT,
+    SIGTERM,
+#ifdef SIGHUP
+    SIGHUP,
+#endif
+};
+
 /// The first signal ends the translation at the next safe point; a second one ends the program as ever.
 extern "C" void abortTranslation(int signal) {
     std::signal(signal, SIG_DFL);
@@ -128,11 +136,15 @@ KOVIResult run(std::vector<char const*> const& arguments, toolkit::Console& cons
 int main(int argc, char** argv) {
     // File names are in the user's encoding; numbers stay in the "C" locale.
     std::setlocale(LC_CTYPE, "");
-    for (int const signal : {SIGINT, SIGTERM}) {
+    for (int const signal : kEndingSignals) {
         // Whoever started the program may want it to ignore the signal.
         if (std::signal(signal, abortTranslation) == SIG_IGN)
             std::signal(signal, SIG_IGN);
     }
+#ifdef SIGPIPE
+    // A pipe that nobody reads any more is an output that cannot be written.
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
     toolkit::Console console;
     return static_cast<int>(run({argv + 1, argv + argc}, console).GetReturnCode());
 }
