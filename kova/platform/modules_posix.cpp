@@ -30,7 +30,10 @@ fs::path ownFile() {
             first <= here && here < last && path >= 0)
             return line.substr(static_cast<std::size_t>(path));
     }
-    return {};
+    // Without the table, what the loader calls it will do where it is a whole path.
+    Dl_info info = {};
+    bool const isNamed = ::dladdr(reinterpret_cast<void*>(&moduleExtension), &info) != 0 && info.dli_fname;
+    return isNamed && fs::path(info.dli_fname).is_absolute() ? info.dli_fname : fs::path();
 }
 
 /// The folders that the loader searches on this library's behalf; none when they are not known, because the
