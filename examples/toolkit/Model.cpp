@@ -1,10 +1,11 @@
 #include "Model.h"
 
+#include "narrow.h"
+
 namespace toolkit {
 
 std::string nameOf(KOVASelectionSet const& group) {
-    KOVAString const name = group.GetName();
-    return name.length() > 0 ? std::string(static_cast<char const*>(name)) : std::string();
+    return narrow(group.GetName());
 }
 
 std::string Part::title() const {

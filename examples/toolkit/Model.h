@@ -44,8 +44,6 @@ public:
     Material& addMaterial(std::string_view name);
 
     std::deque<Part>& parts() noexcept { return parts_; }
-    std::deque<KOVASelectionSet> const& groups() const noexcept { return groups_; }
-    std::deque<Material> const& materials() const noexcept { return materials_; }
 
 private:
     std::deque<Part> parts_;

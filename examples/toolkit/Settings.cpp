@@ -4,6 +4,7 @@
 #include <string>
 
 #include "characters.h"
+#include "narrow.h"
 
 namespace toolkit {
 
@@ -59,7 +60,7 @@ double number(KOVAOptions const& options, char const* name) {
 
 std::size_t wordAt(KOVAOptions const& options, char const* name, std::vector<std::string> const& words) {
     KOVAString const value = valueOf<KOVAString>(options, name);
-    std::string const text = value.length() > 0 ? static_cast<char const*>(value) : "";
+    std::string const text = narrow(value);
     auto const found = std::find_if(words.begin(), words.end(),
                                     [&](std::string const& word) { return equalsIgnoringCase(text, word); });
     return static_cast<std::size_t>(found - words.begin());

@@ -20,7 +20,7 @@ struct Settings {
 
     KOVAOptions const& options;
     int digits;           ///< of numbers in text, up to 17; 0 for the fewest that keep each exactly
-    double weldTolerance; ///< in units of the model; where vertices are shared, so near ones are one
+    double weldTolerance; ///< in units of the output; where vertices are shared, so near ones are one
     Degenerate degenerate;
     std::string unit; ///< of the output's lengths, in small letters; empty where it is not known
 };

@@ -2,23 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <stdexcept>
 
+#include "bytes.h"
+
 namespace toolkit {
-
-namespace {
-
-std::uint64_t bits(double value) noexcept {
-    double const unsignedZero = value + 0.0;
-    std::uint64_t result;
-    static_assert(sizeof result == sizeof unsignedZero);
-    std::memcpy(&result, &unsignedZero, sizeof result);
-    return result;
-}
-
-} // namespace
 
 /// With cells four times as large as the tolerance, what is near a vertex mostly lies in its own cell. They are
 /// not made smaller than the smallest float: below that only equal vertices are near each other.
@@ -38,7 +27,7 @@ VertexGrid::Cell VertexGrid::cellOf(Vertex const& v) const noexcept {
 std::uint32_t& VertexGrid::head(Cell const& cell) noexcept {
     std::uint64_t hash = 0;
     for (double const number : cell) {
-        hash = (hash ^ bits(number)) * 0x9E3779B97F4A7C15U;
+        hash = (hash ^ bitsOf(number)) * 0x9E3779B97F4A7C15U;
         hash ^= hash >> 32;
     }
     return heads_[static_cast<std::size_t>(hash) & (heads_.size() - 1)];

@@ -1,21 +1,13 @@
 #include "VertexTable.h"
 
-#include <cstring>
 #include <limits>
 #include <stdexcept>
+
+#include "bytes.h"
 
 namespace toolkit {
 
 namespace {
-
-/// Equal for 0 and -0.
-std::uint32_t bits(float value) noexcept {
-    float const unsignedZero = value + 0.0F;
-    std::uint32_t result;
-    static_assert(sizeof result == sizeof unsignedZero);
-    std::memcpy(&result, &unsignedZero, sizeof result);
-    return result;
-}
 
 /// Coordinates of a grid differ in few bits, and those are high. A product carries bits upwards only, so the
 /// first one's upper half is folded down, and of the second one the upper half is used.
@@ -25,12 +17,12 @@ std::uint64_t hashCode(std::uint32_t x, std::uint32_t y, std::uint32_t z) noexce
 }
 
 std::uint64_t hashCode(Vertex const& v) noexcept {
-    return hashCode(bits(v.x), bits(v.y), bits(v.z));
+    return hashCode(bitsOf(v.x), bitsOf(v.y), bitsOf(v.z));
 }
 
 std::uint64_t hashCode(Look const& look) noexcept {
     auto const half = [](Vertex const& v) { return static_cast<std::uint32_t>(hashCode(v) >> 32); };
-    return hashCode(half(look.color), half(look.normal), bits(look.alpha));
+    return hashCode(half(look.color), half(look.normal), bitsOf(look.alpha));
 }
 
 std::uint64_t hashCode(Corner const& corner) noexcept {

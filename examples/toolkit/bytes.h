@@ -19,6 +19,14 @@ template <> struct Unsigned<8> { using Type = std::uint64_t; };
 
 } // namespace detail
 
+/// Of a float or double, as a number to hash; equal for 0 and -0.
+template <class Float> auto bitsOf(Float value) noexcept {
+    Float const unsignedZero = value + Float{0};
+    typename detail::Unsigned<sizeof(Float)>::Type bits;
+    std::memcpy(&bits, &unsignedZero, sizeof bits);
+    return bits;
+}
+
 /// The number in a file's bytes, whatever the machine.
 template <class Number> Number loadNumber(char const* bytes, ByteOrder order) noexcept {
     using Bits = typename detail::Unsigned<sizeof(Number)>::Type;

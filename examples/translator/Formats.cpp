@@ -7,6 +7,7 @@
 #include <kova/system/KOVAFilePath.h>
 #include <kova/system/KOVALibraryManager.h>
 
+#include "narrow.h"
 #include "report.h"
 
 namespace toolkit {
@@ -15,8 +16,7 @@ namespace {
 
 /// In small letters.
 std::string extensionOf(char const* file) {
-    KOVAString const extension = KOVAFilePath(file).GetLastExtension().toLowerCase();
-    return extension.length() > 0 ? std::string(static_cast<char const*>(extension)) : std::string();
+    return narrow(KOVAFilePath(file).GetLastExtension().toLowerCase());
 }
 
 /// What extensionOf can find.
@@ -46,7 +46,7 @@ Formats::Formats() {
     KOVADynamicArray<KOVAString> libraries;
     KOVALibraryManager::FindLibraries(kLibraryPrefix, libraries);
     for (int i = 0; i < libraries.size(); ++i) {
-        std::string const name = static_cast<char const*>(libraries[i]);
+        std::string const name = narrow(libraries[i]);
         std::string const extension = name.substr(std::strlen(kLibraryPrefix));
         if (isExtension(extension))
             byExtension_[extension];

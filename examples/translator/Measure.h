@@ -27,7 +27,6 @@ public:
     bool looksClosed() const noexcept;
     /// Triangles whose normals, taken together, point to the side from which the corners turn right.
     long long facingAway() const noexcept { return facingAway_; }
-    long long triangles() const noexcept { return triangles_; }
 
 private:
     static constexpr float kFar = std::numeric_limits<float>::infinity();

@@ -15,14 +15,11 @@
 #include "OptionsFile.h"
 #include "Settings.h"
 #include "characters.h"
+#include "narrow.h"
 
 namespace toolkit {
 
 namespace {
-
-std::string narrow(KOVAString const& text) {
-    return text.length() > 0 ? std::string(static_cast<char const*>(text)) : std::string();
-}
 
 std::string nameOf(KOVAOption const& option) {
     KOVAString name;

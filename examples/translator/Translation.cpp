@@ -25,6 +25,7 @@
 #include "WatchedStream.h"
 #include "characters.h"
 #include "fileHeader.h"
+#include "narrow.h"
 #include "report.h"
 #include "tasks.h"
 #include "units.h"
@@ -38,7 +39,7 @@ std::string pathOf(KOVIFile const& file) {
     KOVAString path;
     if (file.IsValid())
         static_cast<KOVIFileImpl*>(KOVIObjectImpl::Cast(file.GetData()))->GetPath(path);
-    return path.length() > 0 ? std::string(static_cast<char const*>(path)) : std::string();
+    return narrow(path);
 }
 
 /// The set itself, which the handle keeps.
@@ -64,12 +65,11 @@ KOVAOptions allOptions(std::vector<Format const*> const& formats, KOVAOptions gi
     return options;
 }
 
-/// Callers know the result of an abort, so nothing is reported. The flag is cleared: what follows is another matter.
+/// Callers know the result of an abort, so nothing is reported. What follows is another matter, so the flag is cleared.
 KOVIResult aborted() {
     try {
         Gk_ErrMgr::checkAbort();
-    } catch (KOVAAbortException const&) {
-        return kAborted;
+    } catch (KOVAAbortException const&) { // which clears the flag
     }
     return kAborted;
 }

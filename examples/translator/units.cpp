@@ -1,6 +1,6 @@
 #include "units.h"
 
-#include <kova/text/KOVAString.h>
+#include "narrow.h"
 
 namespace toolkit {
 
@@ -16,7 +16,7 @@ bool isLength(KOVAUnit unit) {
 std::string unitName(KOVAUnit unit) {
     KOVAString name;
     GetUnitName(unit, name);
-    return static_cast<char const*>(name.toLowerCase());
+    return narrow(name.toLowerCase());
 }
 
 } // namespace toolkit
