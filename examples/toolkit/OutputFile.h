@@ -12,20 +12,26 @@
 namespace toolkit {
 
 /// A new binary file. It is written under a name of its own in the same folder and takes the place of an older file
-/// only when it is kept; otherwise nothing has happened. (Of the file itself where the name is a link to it. Pipes
-/// and devices are written as they are.) It counts what the system takes, and is silent about what it refuses.
+/// only when it is kept; otherwise nothing has happened. (Of the file itself where the name is a link to it. Pipes,
+/// devices and open streams are written as they are.) It counts what the system takes, and is silent about what it
+/// refuses.
 class OutputFile : public KOVAOutputStream {
 public:
     explicit OutputFile(std::string name);
+    /// An open stream and what messages call it. It stays the caller's.
+    OutputFile(std::FILE* stream, std::string name);
     OutputFile(OutputFile const&) = delete;
     OutputFile& operator=(OutputFile const&) = delete;
     ~OutputFile() override;
 
     char const* name() const noexcept { return name_.c_str(); }
     /// Whether it could be created; if not, errno tells why.
-    bool isOpen() const noexcept { return file_ != nullptr; }
-    /// Not so for a pipe.
-    bool canBePositioned() const { return descriptor_->offset(0) != -1; }
+    bool isOpen() const noexcept { return file_ || isStream_; }
+    /// An open stream has no folder for files beside it.
+    bool hasFolder() const noexcept { return !isStream_; }
+    /// For who will overwrite, before anything is written: what cannot be positioned keeps all in a temporary file
+    /// until it is complete. False where that cannot be made.
+    bool allowOverwriting();
 
     void write(char const* const buffer, int count) override;
     /// Replaces bytes that were written.
@@ -41,12 +47,16 @@ public:
 
 private:
     void open();
+    void passOn();
 
     std::string name_;
     std::filesystem::path target_;  ///< empty for what is no file
-    std::filesystem::path written_; ///< where the bytes are until they are kept
-    File file_;
+    std::filesystem::path written_; ///< where the bytes are until they are kept, or passed on
+    File file_;                     ///< none for a stream
     KOVAFileDescriptorHandle descriptor_;
+    File held_; ///< what is written until it is passed on
+    KOVAFileDescriptorHandle destination_;
+    bool isStream_ = false;
     long long size_ = 0;
     bool isSound_ = true; ///< the system took all so far
     bool isRemovedAtEnd_ = false;

@@ -6,40 +6,67 @@
 #include <string>
 #include <system_error>
 
+#include <kova/system/KOVAFilePath.h>
+
+#include "narrow.h"
 #include "report.h"
 
 namespace toolkit {
 
-std::filesystem::path systemPath(char const* name) {
-    using Unit = std::filesystem::path::value_type;
-    if constexpr (sizeof(Unit) == 1) {
-        std::string text(name);
-        std::replace(text.begin(), text.end(), '\\', '/');
-        return text;
-    } else {
-        KOVAString const text = KOVAFilePath(name).GetPath();
-        unsigned short const* const units = text;
-        return std::basic_string<Unit>(units, units + text.length());
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr bool kNamesAreWide = sizeof(fs::path::value_type) > 1;
+
+/// What is no UTF-8 stands for the characters of the same numbers.
+fs::path widePath(char const* name) {
+    try {
+        return fs::u8path(name);
+    } catch (std::system_error const&) {
+        return {std::u16string(name, name + std::strlen(name))};
     }
 }
 
-KOVAFilePath libraryPath(std::filesystem::path const& path) {
-    if constexpr (sizeof(std::filesystem::path::value_type) == 1)
-        return {path.string().c_str()};
-    else
-        return {reinterpret_cast<unsigned short const*>(path.c_str())};
+} // namespace
+
+fs::path systemPath(char const* name) {
+    if constexpr (kNamesAreWide)
+        return widePath(name);
+    std::string text(name);
+    std::replace(text.begin(), text.end(), '\\', '/');
+    return text;
+}
+
+KOVAString textOf(char const* name) {
+    if constexpr (kNamesAreWide)
+        return {reinterpret_cast<unsigned short const*>(widePath(name).c_str())};
+    return {name};
+}
+
+std::string nameFrom(KOVAString const& text) {
+    if constexpr (kNamesAreWide)
+        return fs::path(std::u16string(static_cast<unsigned short const*>(text),
+                                       static_cast<unsigned short const*>(text) + text.length()))
+            .u8string();
+    return narrow(text);
+}
+
+File openFile(fs::path const& path, char const* mode) {
+    KOVAString const name = textOf(path.u8string().c_str());
+    return File(KOVAFilePath(name).OpenFile(KOVAString(mode)));
 }
 
 bool isSameFile(char const* a, char const* b) {
     std::error_code error;
-    if (std::filesystem::equivalent(systemPath(a), systemPath(b), error))
+    if (fs::equivalent(systemPath(a), systemPath(b), error))
         return true;
-    std::filesystem::path const first = std::filesystem::weakly_canonical(systemPath(a), error);
-    return !error && first == std::filesystem::weakly_canonical(systemPath(b), error) && !error;
+    fs::path const first = fs::weakly_canonical(systemPath(a), error);
+    return !error && first == fs::weakly_canonical(systemPath(b), error) && !error;
 }
 
 File openToRead(char const* name, KOVIResult& result) {
-    File file(KOVAFilePath(name).OpenFile(KOVAString("rb")));
+    File file = openFile(systemPath(name), "rb");
     if (!file) {
         int const error = errno;
         result = fail(error == ENOENT ? kFileNotFound : kFileOpenError, name, kNowhere, "cannot be opened: %s",

@@ -3,9 +3,10 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <string>
 
 #include <kova/core/KOVIResult.h>
-#include <kova/system/KOVAFilePath.h>
+#include <kova/text/KOVAString.h>
 
 namespace toolkit {
 
@@ -14,16 +15,22 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-/// The name as the standard library's file operations take it: in the system's own encoding.
+// A file's name is held as bytes: the system's own, or UTF-8 where those are wide. Messages show them as they are.
+
+/// A name as the standard library's file operations take it.
 std::filesystem::path systemPath(char const* name);
 
-/// And back.
-KOVAFilePath libraryPath(std::filesystem::path const& path);
+/// A name as the library's texts have it, and back.
+KOVAString textOf(char const* name);
+std::string nameFrom(KOVAString const& text);
+
+/// As std::fopen, errno included.
+File openFile(std::filesystem::path const& path, char const* mode);
 
 /// Whether two names lead to one file, or would if it were there.
 bool isSameFile(char const* a, char const* b);
 
-/// Null where the file cannot be opened; that is reported, and the result is File Not Found or File Open Error.
+/// Null where it cannot be opened to be read; that is reported, and the result is File Not Found or File Open Error.
 File openToRead(char const* name, KOVIResult& result);
 
 } // namespace toolkit

@@ -81,12 +81,4 @@ void inform(char const* file, char const* format, ...) {
     KOVAInfo::PrintfAsItIs("%s", text.c_str());
 }
 
-void print(std::string_view text) {
-    while (!text.empty()) {
-        std::size_t const end = std::min(text.find('\n'), text.size());
-        KOVAInfo::PrintfAsItIs("%s", protectedPercents(std::string(text.substr(0, end))).c_str());
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-}
-
 } // namespace toolkit

@@ -57,7 +57,4 @@ std::string printable(std::string_view text);
 /// Fires one message, "FILE: text".
 void inform(char const* file, char const* format, ...) KOVA_PRINTF(2, 3);
 
-/// Fires one message for each line.
-void print(std::string_view text);
-
 } // namespace toolkit

@@ -1,7 +1,7 @@
 #include "CommandLine.h"
 
+#include <algorithm>
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 #include <kova/diagnostics/KOVAError.h>
@@ -13,145 +13,254 @@
 
 namespace toolkit {
 
-char const* const kUsage =
-    "usage: kova-translate INPUT OUTPUT [--options FILE] [--set NAME=VALUE] [--ascii]\n"
-    "                      [--from-unit UNIT] [--to-unit UNIT] [--placement PLACEMENT] [--split]\n"
-    "                      [--level LEVEL] [--log FILE] [--log-json FILE] [--timing]\n"
-    "       kova-translate --list-options | --show-options | --help | --version";
-
-char const* const kHelp =
-    "Reads and writes models of triangles. The end of a file's name tells its format, and each format is a\n"
-    "library that is loaded when it is needed.\n"
-    "\n"
-    "  --options FILE    options from the file's lines NAME=VALUE (# begins a comment); may be repeated\n"
-    "  --set NAME=VALUE  an option; may be repeated\n"
-    "  --ascii           the same as --set /STL/Export/Ascii=On\n"
-    "  --list-options    prints the options' names, types, defaults and meanings\n"
-    "  --show-options    prints the options' values and where they come from; without file names, no more\n"
-    "\n"
-    "  --from-unit UNIT  the unit of the input's lengths; without it, what the file says of itself\n"
-    "  --to-unit UNIT    the unit of the output: lengths are scaled, if that of the input is known. Units are mm,\n"
-    "                    cm, meter, km, inch, ft and so on\n"
-    "  --placement PLACEMENT  where the model is put, in units of the input: 'rotate X Y Z DEGREES', about an\n"
-    "                    axis through the origin, or twelve numbers, three rows of a matrix with the translation\n"
-    "                    behind each. Repeated, it makes an instance for each\n"
-    "  --split           a file for each object or group, OUTPUT with its name put in\n"
-    "\n"
-    "  --level LEVEL     what the console shows: ALL, DEBUG, VERBOSE or INFO, the reports of every task too;\n"
-    "                    ERROR, errors; ABORT, failed assertions; NONE, nothing. Without it: what was read and\n"
-    "                    written, warnings and errors\n"
-    "  --log FILE        writes a log with the reports of every task\n"
-    "  --log-json FILE   the same for machines, a JSON object a line\n"
-    "  --timing          says how long each task took, and all of them in the end\n"
-    "\n"
-    "The environment variable KOVANAME (KOVA/XMesh/Export/Digits, for one) wins over --set, that over files,\n"
-    "and later ones over earlier ones. A mistake in the options is an error, and nothing is translated.\n"
-    "KOVAConsoleTracesLevel wins over --level; KOVALogLevel is the level of both logs, INFO without it.\n"
-    "The exit status is 0, or the number of the result that names the failure; 3 when it was ended by Ctrl-C.";
-
 namespace {
 
-/// What has no value behind it; false for anything else.
-bool takeFlag(std::string_view option, CommandLine& line) {
-    if (option == "--ascii")
-        line.assignments.push_back("/STL/Export/Ascii=On");
-    else if (option == "--show-options")
-        line.showsOptions = true;
-    else if (option == "--split")
-        line.isSplit = true;
-    else if (option == "--timing")
-        line.isTimed = true;
-    else
-        return false;
-    return true;
-}
+using Text = std::string const&;
 
-bool takeWish(std::string_view option, CommandLine& line) {
-    if (option == "--help")
-        line.wish = CommandLine::Help;
-    else if (option == "--version")
-        line.wish = CommandLine::Version;
-    else if (option == "--list-options")
-        line.wish = CommandLine::ListOptions;
-    return line.wish != CommandLine::Translate;
-}
+constexpr char kTryHelp[] = "Try 'kova-translate --help'";
 
-/// Stores a value; false where the text is none.
-using Take = bool (*)(char const* text, CommandLine& line);
+/// Stores a value, or what an argument without one means; false where the text is none.
+using Take = bool (*)(Text text, CommandLine& line);
 
-bool takeUnit(char const* text, KOVIUnit& unit) {
-    unit = KOVIUnit(text);
-    return unit.IsValid();
-}
-
-struct ValueOption {
-    std::string_view name;
-    char const* wanted; ///< what should follow
+struct Argument {
+    char const* name;
+    char shortName;     ///< 0 for none
+    char const* value;  ///< what stands behind it in the help; null for nothing
+    char const* wanted; ///< the same in a mistake's message
+    char const* help;   ///< in lines
     Take take;
 };
 
-constexpr ValueOption kValueOptions[] = {
-    {"--set", "NAME=VALUE", [](char const* text, CommandLine& line) { return line.assignments.push_back(text), true; }},
-    {"--options", "a file name",
-     [](char const* text, CommandLine& line) { return line.optionFiles.push_back(text), true; }},
-    {"--from-unit", "a unit, such as mm or inch,",
-     [](char const* text, CommandLine& line) { return takeUnit(text, line.fromUnit); }},
-    {"--to-unit", "a unit, such as mm or inch,",
-     [](char const* text, CommandLine& line) { return takeUnit(text, line.toUnit); }},
-    {"--placement", "'rotate X Y Z DEGREES' or twelve numbers of a matrix that can be inverted",
-     [](char const* text, CommandLine& line) { return readPlacement(text, line.placements.emplace_back()); }},
-    {"--level", "ALL, DEBUG, VERBOSE, INFO, ERROR, ABORT or NONE",
-     [](char const* text, CommandLine& line) {
-         line.level = KOVAEvent::GetLevel(KOVAString(text).toUpperCase(), KOVA_LEVEL_UNSET);
-         return line.level != KOVA_LEVEL_UNSET;
-     }},
-    {"--log", "a file name", [](char const* text, CommandLine& line) { return line.log = text, true; }},
-    {"--log-json", "a file name", [](char const* text, CommandLine& line) { return line.jsonLog = text, true; }},
+struct Section {
+    char const* title;
+    std::vector<Argument> arguments;
 };
 
-ValueOption const* findValueOption(std::string_view name) {
-    for (ValueOption const& each : kValueOptions) {
-        if (each.name == name)
-            return &each;
+bool takeUnit(Text text, KOVIUnit& unit) {
+    unit = KOVIUnit(text.c_str());
+    return unit.IsValid();
+}
+
+/// An empty text would mean the same as no argument.
+bool takeText(Text text, std::string& value) {
+    value = text;
+    return !text.empty();
+}
+
+bool takeLevel(Text text, CommandLine& line) {
+    KOVAString const keyword = KOVAString(text.c_str()).toUpperCase();
+    line.talk = keyword == KOVAString("BRIEF") ? CommandLine::Brief : CommandLine::AtLevel;
+    line.level = KOVAEvent::GetLevel(keyword, KOVA_LEVEL_UNSET);
+    return line.talk == CommandLine::Brief || line.level != KOVA_LEVEL_UNSET;
+}
+
+std::vector<Section> const& sections() {
+    static std::vector<Section> const all = {
+        {"Formats and units",
+         {{"--from-format", 0, "FORMAT", "a format, such as obj,",
+           "the input's format, whatever its name: stl, obj or so",
+           [](Text text, CommandLine& line) { return takeText(text, line.fromFormat); }},
+          {"--to-format", 0, "FORMAT", "a format, such as obj,", "the output's; needed for '-' and for a folder",
+           [](Text text, CommandLine& line) { return takeText(text, line.toFormat); }},
+          {"--list-formats", 0, nullptr, nullptr, "print the ends of names, and their formats",
+           [](Text, CommandLine& line) { return line.wish = CommandLine::ListFormats, true; }},
+          {"--from-unit", 0, "UNIT", "a unit, such as mm or inch,",
+           "the unit of the input's lengths: mm, cm, meter, km,\ninch, ft and so on; without it, what the file says",
+           [](Text text, CommandLine& line) { return takeUnit(text, line.fromUnit); }},
+          {"--to-unit", 0, "UNIT", "a unit, such as mm or inch,",
+           "the unit of the output: lengths are scaled, if that of\nthe input is known",
+           [](Text text, CommandLine& line) { return takeUnit(text, line.toUnit); }}}},
+        {"Model",
+         {{"--placement", 0, "PLACEMENT", "'rotate X Y Z DEGREES' or twelve numbers of a matrix that can be inverted",
+           "where the model is put, in units of the input:\n'rotate X Y Z DEGREES', about an axis through the\n"
+           "origin, or twelve numbers, three rows of a matrix with\nthe translation behind each; repeated, it makes "
+           "an\ninstance for each",
+           [](Text text, CommandLine& line) { return readPlacement(text.c_str(), line.placements.emplace_back()); }},
+          {"--split", 0, nullptr, nullptr, "a file for each object or group, OUTPUT with its name\nput in",
+           [](Text, CommandLine& line) { return line.isSplit = true; }},
+          {"--options", 0, "FILE", "a file name",
+           "options from the file's lines NAME=VALUE (# begins a\ncomment); may be repeated",
+           [](Text text, CommandLine& line) { return line.optionFiles.push_back(text), !text.empty(); }},
+          {"--set", 0, "NAME=VALUE", "NAME=VALUE", "an option; may be repeated",
+           [](Text text, CommandLine& line) { return line.assignments.push_back(text), true; }},
+          {"--ascii", 0, nullptr, nullptr, "the same as --set /STL/Export/Ascii=On",
+           [](Text, CommandLine& line) { return line.assignments.emplace_back("/STL/Export/Ascii=On"), true; }},
+          {"--list-options", 0, nullptr, nullptr, "print the options' names, types, defaults and meanings",
+           [](Text, CommandLine& line) { return line.wish = CommandLine::ListOptions, true; }},
+          {"--show-options", 0, nullptr, nullptr,
+           "print the options' values and where they come from;\nwithout file names, no more",
+           [](Text, CommandLine& line) { return line.showsOptions = true; }}}},
+        {"Messages",
+         {{"--quiet", 'q', nullptr, nullptr, "errors only, the same as --level ERROR",
+           [](Text, CommandLine& line) { return takeLevel("ERROR", line); }},
+          {"--verbose", 'v', nullptr, nullptr, "the reports of every task too, the same as\n--level VERBOSE",
+           [](Text, CommandLine& line) { return takeLevel("VERBOSE", line); }},
+          {"--level", 0, "LEVEL", "BRIEF, ALL, DEBUG, VERBOSE, INFO, ERROR, ABORT or NONE",
+           "BRIEF: what was read and written, warnings and errors;\nALL, DEBUG, VERBOSE or INFO: the reports of every "
+           "task\ntoo; ERROR: errors; ABORT: failed assertions; NONE:\nnothing",
+           takeLevel},
+          {"--log", 0, "FILE", "a file name", "write a log with the reports of every task",
+           [](Text text, CommandLine& line) { return takeText(text, line.log); }},
+          {"--log-json", 0, "FILE", "a file name", "the same for machines, a JSON object a line",
+           [](Text text, CommandLine& line) { return takeText(text, line.jsonLog); }},
+          {"--timing", 0, nullptr, nullptr, "say how long each task took, and all of them at last",
+           [](Text, CommandLine& line) { return line.isTimed = true; }},
+          {"--help", 'h', nullptr, nullptr, "print this",
+           [](Text, CommandLine& line) { return line.wish = CommandLine::Help, true; }},
+          {"--version", 'V', nullptr, nullptr, "print the version",
+           [](Text, CommandLine& line) { return line.wish = CommandLine::Version, true; }}}},
+    };
+    return all;
+}
+
+constexpr char kIntroduction[] = "Usage: kova-translate [ARGUMENT]... INPUT OUTPUT\n"
+                                 "  or:  kova-translate [ARGUMENT]... INPUT... FOLDER\n"
+                                 "Read and write models of triangles.\n"
+                                 "\n"
+                                 "The end of a file's name tells its format. Each format is a library that is\n"
+                                 "loaded when it is needed; stl, obj and ply come with the program. '-' is\n"
+                                 "standard input or standard output. Into a FOLDER each INPUT goes under its own\n"
+                                 "name, with the end of the format that --to-format names.\n";
+
+constexpr char kRest[] = "\n"
+                         "Without --quiet, --verbose and --level, a terminal shows what was read and\n"
+                         "written, warnings and errors; where standard error is no terminal, it gets\n"
+                         "errors only.\n"
+                         "\n"
+                         "Exit status:\n"
+                         "  0   everything was translated, even if it had no triangles\n"
+                         "  3   ended by Ctrl-C or SIGTERM\n"
+                         "  4   the format cannot be read\n"
+                         "  7   an unexpected error, such as too little memory\n"
+                         "  9   the library of a format is damaged, or made for another version\n"
+                         "  11  a mistake in the arguments, in an option or in an options file\n"
+                         "  13  a file to read is not there\n"
+                         "  14  a file cannot be opened or created\n"
+                         "  15  an output cannot be written to its end, or replace an older file\n"
+                         "  17  the model, placed and scaled, is too large for floating point numbers\n"
+                         "  21  an input is not sound\n"
+                         "\n"
+                         "Of several inputs all are tried, and the status is that of the first that\n"
+                         "fails. What fails leaves nothing behind, and older outputs as they were.\n"
+                         "\n"
+                         "Environment:\n"
+                         "  KOVANAME                the option NAME, as in KOVA/XMesh/Export/Digits; wins\n"
+                         "                          over --set, that over --options, and later ones over\n"
+                         "                          earlier ones\n"
+                         "  KOVAConsoleTracesLevel  wins over --level, and does not know BRIEF\n"
+                         "  KOVALogLevel            the level of both logs; without it, INFO\n"
+                         "  NO_COLOR                no colours on terminals\n"
+                         "\n"
+                         "Examples:\n"
+                         "  kova-translate part.stl part.obj\n"
+                         "                          one file\n"
+                         "  kova-translate --from-unit=inch --to-unit=mm part.obj part.ply\n"
+                         "                          the same with lengths scaled by 25.4\n"
+                         "  kova-translate --to-format=obj *.stl converted/\n"
+                         "                          all of a folder into another\n"
+                         "  unzip -p all.zip part.obj | kova-translate --from-format=obj - part.stl\n"
+                         "                          out of an archive\n";
+
+/// A line for each argument, what it means in a column of its own.
+void describe(Argument const& argument, std::string& text) {
+    constexpr std::size_t kColumn = 26;
+    std::string row = argument.shortName ? std::string("  -") + argument.shortName + ", " : "      ";
+    row += argument.name;
+    if (argument.value)
+        row += std::string("=") + argument.value;
+    row += row.size() + 2 > kColumn ? "\n" + std::string(kColumn, ' ') : std::string(kColumn - row.size(), ' ');
+    for (char const c : std::string_view(argument.help))
+        row += c == '\n' ? "\n" + std::string(kColumn, ' ') : std::string(1, c);
+    text += row + '\n';
+}
+
+Argument const* findLong(std::string_view name) {
+    for (Section const& section : sections()) {
+        for (Argument const& each : section.arguments) {
+            if (each.name == name)
+                return &each;
+        }
     }
     return nullptr;
 }
 
-/// What begins with "--". Its value, where it has one, is taken too.
-KOVIResult takeOption(std::vector<char const*> const& arguments, std::size_t& i, CommandLine& line) {
-    char const* const name = arguments[i];
-    if (takeFlag(name, line))
-        return kSuccess;
-    ValueOption const* const option = findValueOption(name);
-    if (!option)
-        return fail(kInvalidArgument, name, kNowhere, "no such option\n%s", kUsage);
-    if (++i == arguments.size())
-        return fail(kInvalidArgument, name, kNowhere, "%s should follow\n%s", option->wanted, kUsage);
-    if (!option->take(arguments[i], line))
-        return fail(kInvalidArgument, name, kNowhere, "%s should follow, not '%s'", option->wanted,
-                    printable(std::string_view(arguments[i]).substr(0, 80)).c_str());
+Argument const* findShort(char name) {
+    for (Section const& section : sections()) {
+        for (Argument const& each : section.arguments) {
+            if (each.shortName == name)
+                return &each;
+        }
+    }
+    return nullptr;
+}
+
+/// "--name" or "--name=value", and where a value is wanted, else the text behind it.
+KOVIResult takeLong(std::vector<std::string> const& arguments, std::size_t& i, CommandLine& line) {
+    std::string const& text = arguments[i];
+    std::size_t const equals = std::min(text.find('='), text.size());
+    std::string const name = text.substr(0, equals);
+    Argument const* const argument = findLong(name);
+    bool const hasValue = equals < text.size();
+    if (!argument)
+        return fail(kInvalidArgument, printable(name).c_str(), kNowhere, "no such argument\n%s", kTryHelp);
+    if (!argument->value && hasValue)
+        return fail(kInvalidArgument, argument->name, kNowhere, "takes no value");
+    if (argument->value && !hasValue && ++i == arguments.size())
+        return fail(kInvalidArgument, argument->name, kNowhere, "%s should follow\n%s", argument->wanted, kTryHelp);
+    std::string const value = hasValue ? text.substr(equals + 1) : argument->value ? arguments[i] : "";
+    if (!argument->take(value, line))
+        return fail(kInvalidArgument, argument->name, kNowhere, "%s should follow, not '%s'", argument->wanted,
+                    printable(value.substr(0, 80)).c_str());
     return kSuccess;
+}
+
+/// "-q", or "-qv". None of them has a value.
+KOVIResult takeShort(std::string const& text, CommandLine& line) {
+    for (char const c : text.substr(1)) {
+        Argument const* const argument = findShort(c);
+        if (!argument)
+            return fail(kInvalidArgument, printable(text).c_str(), kNowhere,
+                        "no such argument; a file of this name is ./%s\n%s", printable(text).c_str(), kTryHelp);
+        argument->take("", line);
+    }
+    return kSuccess;
+}
+
+KOVIResult checkNames(CommandLine const& line) {
+    std::size_t const count = line.names.size();
+    if (count > 1 || (count == 0 && line.showsOptions))
+        return kSuccess;
+    KOVAError::Printf("an input and an output are wanted\n%s", kTryHelp);
+    return kInvalidArgument;
 }
 
 } // namespace
 
-KOVIResult readCommandLine(std::vector<char const*> const& arguments, CommandLine& line) {
+std::string helpText() {
+    std::string text = kIntroduction;
+    for (Section const& section : sections()) {
+        text += std::string("\n") + section.title + ":\n";
+        for (Argument const& argument : section.arguments)
+            describe(argument, text);
+    }
+    return text + kRest;
+}
+
+KOVIResult readCommandLine(std::vector<std::string> const& arguments, CommandLine& line) {
+    bool areNames = false;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
-        std::string_view const text = arguments[i];
-        if (text.substr(0, 2) != "--") {
-            line.names.push_back(arguments[i]);
-            continue;
-        }
-        if (takeWish(text, line))
-            return kSuccess;
-        KOVIResult const result = takeOption(arguments, i, line);
-        if (result.IsFailure())
+        std::string const& text = arguments[i];
+        KOVIResult result = kSuccess;
+        if (areNames || text == "-" || text.substr(0, 1) != "-")
+            line.names.push_back(text);
+        else if (text == "--")
+            areNames = true;
+        else
+            result = text[1] == '-' ? takeLong(arguments, i, line) : takeShort(text, line);
+        if (result.IsFailure() || line.wish != CommandLine::Translate)
             return result;
     }
-    if (line.names.size() == 2 || (line.names.empty() && line.showsOptions))
-        return kSuccess;
-    KOVAError::Printf("two file names are wanted\n%s", kUsage);
-    return kInvalidArgument;
+    return checkNames(line);
 }
 
 } // namespace toolkit

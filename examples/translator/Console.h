@@ -7,21 +7,22 @@
 #include <kova/diagnostics/KOVATaskEvents.h>
 #include <kova/system/KOVAEnvironment.h>
 
+#include "CommandLine.h"
 #include "ProgressBar.h"
 #include "files.h"
 #include "report.h"
 
 namespace toolkit {
 
-/// The library's console while it lives, and a progress bar below it. It is brief, messages without the reports of
-/// the tasks, until somebody names a level: setLevel, or the environment variable that the library reads.
+/// The library's console while it lives, on standard error alone, and a progress bar below it. The environment
+/// variable that the library reads has the last word.
 class Console : public KOVAConsoleLogger {
 public:
     Console() {
         KOVAString named;
-        isBrief_ = KOVAEnvironment::GetVariable("KOVAConsoleTracesLevel", named).IsFailure();
-        isQuiet_ = !isBrief_ && KOVAEvent::GetLevel(named, KOVA_LEVEL_NONE) > KOVA_LEVEL_INFO;
-        Initialize(KOVA_LEVEL_UNSET);
+        isNamed_ = KOVAEnvironment::GetVariable("KOVAConsoleTracesLevel", named).IsSuccess();
+        show(IsTerminal() ? CommandLine::Brief : CommandLine::AtLevel, KOVA_LEVEL_ERROR);
+        isQuiet_ = isNamed_ && KOVAEvent::GetLevel(named, KOVA_LEVEL_NONE) > KOVA_LEVEL_INFO;
     }
 
     void HandleEvent(KOVAEvent& event) override {
@@ -33,12 +34,16 @@ public:
             KOVAConsoleLogger::HandleEvent(event);
         }
     }
-    void setLevel(KOVAEventLevel level) {
-        if (isBrief_)
-            isQuiet_ = level > KOVA_LEVEL_INFO;
-        isBrief_ = false;
+    /// The level matters for AtLevel alone.
+    void show(CommandLine::Talk talk, KOVAEventLevel level) {
+        if (talk == CommandLine::ByTerminal)
+            return;
+        isBrief_ = talk == CommandLine::Brief && !isNamed_;
+        if (!isNamed_)
+            isQuiet_ = !isBrief_ && level > KOVA_LEVEL_INFO;
         Finalize();
-        Initialize(level);
+        Initialize(isBrief_ ? KOVA_LEVEL_INFO : level);
+        FreeStandardOutput();
     }
     /// Of the file that is read next.
     void setInputSize(char const* name) {
@@ -54,7 +59,8 @@ private:
         return !event.IsTimed() || (end && end->getTaskResult() == long{kAborted});
     }
 
-    bool isBrief_ = true;
+    bool isNamed_ = false; ///< the variable is there
+    bool isBrief_ = false; ///< messages without the reports of the tasks
     bool isQuiet_ = false; ///< shows less than messages, so no progress either
     ProgressBar bar_;
 };

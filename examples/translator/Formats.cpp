@@ -14,12 +14,7 @@ namespace toolkit {
 
 namespace {
 
-/// In small letters.
-std::string extensionOf(char const* file) {
-    return narrow(KOVAFilePath(file).GetLastExtension().toLowerCase());
-}
-
-/// What extensionOf can find.
+/// In small letters and digits.
 bool isExtension(std::string const& text) {
     return !text.empty() && std::all_of(text.begin(), text.end(),
                                         [](char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'); });
@@ -91,8 +86,15 @@ KOVIResult Formats::load(std::string const& extension, Entry& entry) {
     return kSuccess;
 }
 
-Format const* Formats::of(char const* file) {
-    auto const found = byExtension_.find(extensionOf(file));
+Formats::Entries::iterator Formats::find(std::string_view extension) {
+    std::string key(extension.substr(extension.substr(0, 1) == "." ? 1 : 0));
+    std::transform(key.begin(), key.end(), key.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
+    return byExtension_.find(key);
+}
+
+Format const* Formats::of(std::string_view extension) {
+    auto const found = find(extension);
     if (found == byExtension_.end())
         return nullptr;
     Entry& entry = found->second;
@@ -101,9 +103,9 @@ Format const* Formats::of(char const* file) {
     return entry.result.IsSuccess() ? entry.format : nullptr;
 }
 
-Format const* Formats::of(char const* file, KOVIResult& result) {
-    auto const found = byExtension_.find(extensionOf(file));
-    if (Format const* const format = of(file)) {
+Format const* Formats::of(std::string_view extension, char const* file, char const* option, KOVIResult& result) {
+    auto const found = find(extension);
+    if (Format const* const format = of(extension)) {
         result = kSuccess;
         return format;
     }
@@ -113,17 +115,31 @@ Format const* Formats::of(char const* file, KOVIResult& result) {
         result = fail(kInvalidComponent, file, kNowhere, "no format library stands beside the program");
     else
         result =
-            fail(kInvalidArgument, file, kNowhere, "not a known format; name a file that ends in %s", known().c_str());
+            fail(kInvalidArgument, file, kNowhere,
+                 "not a known format; name a file that ends in %s, or its format with %s", known().c_str(), option);
     return nullptr;
 }
 
 std::vector<Format const*> Formats::all() {
     std::vector<Format const*> formats;
     for (auto const& [extension, entry] : byExtension_) {
-        if (Format const* const format = of(("." + extension).c_str()))
+        if (Format const* const format = of(extension))
             formats.push_back(format);
     }
     return formats;
+}
+
+std::string Formats::description() {
+    std::string text;
+    for (auto const& [extension, entry] : byExtension_) {
+        if (Format const* const format = of(extension))
+            text += extension + "  " + format->name() + '\n';
+    }
+    return text;
+}
+
+std::string extensionOf(char const* file) {
+    return narrow(KOVAFilePath(file).GetLastExtension());
 }
 
 } // namespace toolkit

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <kova/core/KOVIResult.h>
@@ -20,13 +21,17 @@ public:
     Formats& operator=(Formats const&) = delete;
     ~Formats();
 
-    /// That of a file, by the end of its name. Null where there is none, or where its library will not do: that is
-    /// reported, and the result is Invalid Argument or Invalid Component.
-    Format const* of(char const* file, KOVIResult& result);
-    /// The same without a word about an unknown format; null for one that will not do, which is reported once.
-    Format const* of(char const* file);
+    // By the end that its files' names have, in any case: "obj", or ".obj".
+
+    /// Null for one that is not known, or whose library will not do, which is reported once.
+    Format const* of(std::string_view extension);
+    /// The same for a file. Null is reported, and the result is Invalid Argument or Invalid Component; `option` is
+    /// the argument that names the format of a file whose name does not.
+    Format const* of(std::string_view extension, char const* file, char const* option, KOVIResult& result);
     /// Those that will do; the others are reported once.
     std::vector<Format const*> all();
+    /// The same as lines "obj  OBJ".
+    std::string description();
 
 private:
     struct Entry {
@@ -35,10 +40,16 @@ private:
         KOVIResult result; ///< undetermined as long as nobody asked
     };
 
+    using Entries = std::map<std::string, Entry>;
+
+    Entries::iterator find(std::string_view extension);
     static KOVIResult load(std::string const& extension, Entry& entry);
     std::string known() const;
 
-    std::map<std::string, Entry> byExtension_;
+    Entries byExtension_;
 };
+
+/// What the file's name says; empty where it says nothing.
+std::string extensionOf(char const* file);
 
 } // namespace toolkit

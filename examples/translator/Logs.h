@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include <kova/diagnostics/KOVAJsonLogger.h>
@@ -22,12 +23,13 @@ public:
 /// The log files of a run, written while this lives, at the level that the environment names.
 class Logs {
 public:
-    /// Null for a log that is not wanted. `others` are the files of the run: none of them may be a log. A log that
-    /// cannot be written is reported; Invalid Argument or File Open Error.
-    KOVIResult open(char const* text, char const* json, std::vector<char const*> const& others);
+    /// An empty name for a log that is not wanted. `others` are the files of the run: none of them may be a log. A log
+    /// that cannot be written is reported; Invalid Argument or File Open Error.
+    KOVIResult open(std::string const& text, std::string const& json, std::vector<std::string> const& others);
 
 private:
-    static KOVIResult open(File& file, KOVALogger& logger, char const* name, std::vector<char const*> const& others);
+    static KOVIResult open(File& file, KOVALogger& logger, std::string const& name,
+                           std::vector<std::string> const& others);
 
     // The files outlive the loggers.
     File textFile_;

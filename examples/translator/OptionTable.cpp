@@ -165,18 +165,19 @@ KOVIValue publicValue(KOVAOption const& option) {
 }
 
 /// Each column as wide as its longest text.
-void printColumns(std::vector<std::vector<std::string>> const& rows) {
+std::string inColumns(std::vector<std::vector<std::string>> const& rows) {
     std::vector<std::size_t> widths(rows.front().size());
     for (auto const& row : rows) {
         for (std::size_t i = 0; i < row.size(); ++i)
             widths[i] = std::max(widths[i], row[i].size());
     }
+    std::string text;
     for (auto const& row : rows) {
-        std::string line;
         for (std::size_t i = 0; i + 1 < row.size(); ++i)
-            line += row[i] + std::string(widths[i] + 2 - row[i].size(), ' ');
-        print(line + row.back());
+            text += row[i] + std::string(widths[i] + 2 - row[i].size(), ' ');
+        text += row.back() + '\n';
     }
+    return text;
 }
 
 } // namespace
@@ -303,7 +304,7 @@ KOVIOptions OptionTable::handle() const {
     return options;
 }
 
-void OptionTable::list() const {
+std::string OptionTable::description() const {
     std::vector<std::vector<std::string>> lines;
     for (Row const& row : rows_) {
         KOVAValue value;
@@ -311,17 +312,17 @@ void OptionTable::list() const {
         lines.push_back({row.description.name, KOVAValue::KOVAValueTypeNames[typeOf(row.option)], shown(value),
                          row.description.meaning});
     }
-    printColumns(lines);
+    return inColumns(lines);
 }
 
-void OptionTable::show() const {
+std::string OptionTable::values() const {
     std::vector<std::vector<std::string>> lines;
     for (Row const& row : rows_) {
         KOVAValue value;
         row.option.GetValue(value);
         lines.push_back({row.description.name, shown(value), row.origin});
     }
-    printColumns(lines);
+    return inColumns(lines);
 }
 
 } // namespace toolkit

@@ -32,10 +32,10 @@ public:
     /// The same as an application hands them on.
     KOVIOptions handle() const;
 
-    /// Names, types, defaults and meanings as messages, a line each.
-    void list() const;
+    /// Names, types, defaults and meanings, a line each.
+    std::string description() const;
     /// Names, values and where these come from.
-    void show() const;
+    std::string values() const;
 
 private:
     static constexpr char kDefault[] = "default";

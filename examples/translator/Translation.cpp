@@ -25,7 +25,6 @@
 #include "WatchedStream.h"
 #include "characters.h"
 #include "fileHeader.h"
-#include "narrow.h"
 #include "report.h"
 #include "tasks.h"
 #include "units.h"
@@ -34,12 +33,24 @@ namespace toolkit {
 
 namespace {
 
-/// Empty where the file has none.
-std::string pathOf(KOVIFile const& file) {
+KOVIFileImpl* bodyOf(KOVIFile const& file) {
+    return file.IsValid() ? static_cast<KOVIFileImpl*>(KOVIObjectImpl::Cast(file.GetData())) : nullptr;
+}
+
+/// Its path, or what an open stream is called; empty where it has neither.
+std::string nameOf(KOVIFile const& file) {
     KOVAString path;
-    if (file.IsValid())
-        static_cast<KOVIFileImpl*>(KOVIObjectImpl::Cast(file.GetData()))->GetPath(path);
-    return narrow(path);
+    if (KOVIFileImpl* const body = bodyOf(file))
+        body->GetPath(path);
+    return nameFrom(path);
+}
+
+/// Null for a file that is not open.
+std::FILE* streamOf(KOVIFile const& file) {
+    std::FILE* stream = nullptr;
+    if (KOVIFileImpl* const body = bodyOf(file))
+        body->GetFile(stream);
+    return stream;
 }
 
 /// The set itself, which the handle keeps.
@@ -103,6 +114,7 @@ int clamped(long long count) {
 /// A file that is being written, or complete and not yet in its place.
 struct Output {
     explicit Output(std::string const& name) : file(name) {}
+    Output(std::FILE* stream, std::string const& name) : file(stream, name) {}
 
     OutputFile file;
     std::unique_ptr<ModelWriter> writer; ///< none before the first triangle, and none any more when it is complete
@@ -120,7 +132,7 @@ struct Output {
 class Conversion : private ModelSink {
 public:
     Conversion(Job const& job, Format const& from, Format const& to)
-        : job_(job), inputName_(pathOf(job.input)), outputName_(pathOf(job.output)), from_(from), to_(to),
+        : job_(job), inputName_(nameOf(job.input)), outputName_(nameOf(job.output)), from_(from), to_(to),
           options_(allOptions({&from, &to}, optionsOf(job.options))), settings_(options_), placements_(job.placements),
           isHeld_(job.isSplit || job.placements.size() > 1) {
         if (placements_.empty())
@@ -138,6 +150,7 @@ private:
     void openInput();
     KOVIResult readEntities();
     KOVIResult writeFile();
+    void openOutput();
     void openOutput(std::string const& name);
     void beginOutput(Output& output);
     void completeOutput(Output& output);
@@ -175,7 +188,7 @@ private:
     double unitScale_ = 1;
     bool areUnitsSettled_ = false;
 
-    File inputFile_;
+    File inputFile_; ///< none for an open stream
     long long size_ = -1;
     std::unique_ptr<KOVAInputStream> stream_;
     std::unique_ptr<WatchedStream> watched_;
@@ -197,12 +210,17 @@ private:
 
 void Conversion::openInput() {
     KOVIResult result = kSuccess;
-    inputFile_ = openToRead(input_, result);
-    if (!inputFile_)
+    std::FILE* file = streamOf(job_.input);
+    if (!file) {
+        inputFile_ = openToRead(input_, result);
+        file = inputFile_.get();
+    }
+    if (!file)
         throw Failed{result};
-    KOVAFileDescriptorHandle const descriptor(new KOVAFileDescriptor(inputFile_.get(), KOVAFileDescriptor::Read));
-    size_ = descriptor->fileSize();
-    stream_ = std::make_unique<KOVAFileInputStream>(inputFile_.get());
+    KOVAFileDescriptorHandle const descriptor(new KOVAFileDescriptor(file, KOVAFileDescriptor::Read));
+    long const behind = std::max(descriptor->offset(0), 0L);
+    size_ = descriptor->fileSize() - behind;
+    stream_ = std::make_unique<KOVAFileInputStream>(file);
     watched_ = std::make_unique<WatchedStream>(*stream_, size_);
     source_ = std::make_unique<Input>(Input{*watched_, size_, input_});
     reader_ = from_.reader(*source_);
@@ -230,7 +248,7 @@ KOVIResult Conversion::readFile() {
         openInput();
         // A fault in the output's name is known before anything is read.
         if (!job_.isSplit)
-            openOutput(output_);
+            openOutput();
         return kSuccess;
     });
     if (result.IsSuccess())
@@ -293,16 +311,23 @@ void Conversion::deliver(Piece const& piece, KOVAAssemblyComponentTransform cons
 
 // --- writing
 
+void Conversion::openOutput() {
+    if (std::FILE* const stream = streamOf(job_.output))
+        outputs_.emplace_back(stream, outputName_);
+    else
+        openOutput(outputName_);
+}
+
 void Conversion::openOutput(std::string const& name) {
-    if (isSameFile(input_, name.c_str()))
+    if (inputFile_ && isSameFile(input_, name.c_str()))
         throw Failed{fail(kInvalidArgument, name.c_str(), kNowhere, "is the input too; name another file to write")};
     requireFree(name.c_str());
     requireOpen(outputs_.emplace_back(name).file);
 }
 
 void Conversion::requireFree(char const* name) const {
-    for (char const* const log : job_.logs) {
-        if (isSameFile(log, name))
+    for (std::string const& log : job_.logs) {
+        if (!log.empty() && isSameFile(log.c_str(), name))
             throw Failed{fail(kInvalidArgument, name, kNowhere, "is a log of this run; name another file to write")};
     }
 }
@@ -388,8 +413,10 @@ std::string Conversion::nameForPart(Part const& part) {
     };
     for (int& number = numbers_[folded(wanted)]; !names_.insert(folded(name)).second;)
         name = wanted + "-" + std::to_string(++number + 1);
+    std::size_t const base = outputName_.find_last_of("/\\") + 1;
     std::size_t const dot = outputName_.rfind('.');
-    return outputName_.substr(0, dot) + name + outputName_.substr(dot);
+    std::size_t const end = dot == std::string::npos || dot < base ? outputName_.size() : dot;
+    return outputName_.substr(0, end) + name + outputName_.substr(end);
 }
 
 void Conversion::writeHeld() {
@@ -479,13 +506,24 @@ KOVIResult Conversion::run(KOVAConvertedEntitiesInfo& entities) {
     return sum(&Output::written) == 0 ? kNoEntity : kSuccess;
 }
 
+Format const* formatOf(Formats& formats, KOVIFile const& file, std::string const& given, char const* option,
+                       KOVIResult& result) {
+    std::string const name = nameOf(file);
+    return formats.of(given.empty() ? extensionOf(name.c_str()) : given, name.c_str(), option, result);
+}
+
 KOVIResult convert(Formats& formats, Job const& job, KOVAConvertedEntitiesInfo& entities) {
     KOVIResult result = kSuccess;
-    Format const* const from = formats.of(pathOf(job.input).c_str(), result);
+    Format const* const from = formatOf(formats, job.input, job.fromFormat, "--from-format", result);
     if (!from)
         return result;
-    Format const* const to = formats.of(pathOf(job.output).c_str(), result);
-    return to ? Conversion(job, *from, *to).run(entities) : result;
+    Format const* const to = formatOf(formats, job.output, job.toFormat, "--to-format", result);
+    if (!to)
+        return result;
+    if (job.isSplit && streamOf(job.output))
+        return fail(kInvalidArgument, nameOf(job.output).c_str(), kNowhere,
+                    "parts that become files of their own need a name; name a file to write");
+    return Conversion(job, *from, *to).run(entities);
 }
 
 } // namespace
@@ -493,7 +531,7 @@ KOVIResult convert(Formats& formats, Job const& job, KOVAConvertedEntitiesInfo& 
 KOVIResult translate(Formats& formats, Job const& job) {
     fire<KOVAStartConversionTaskEvent>();
     KOVAConvertedEntitiesInfo entities;
-    KOVIResult const result = guarded(pathOf(job.input).c_str(), [&] { return convert(formats, job, entities); });
+    KOVIResult const result = guarded(nameOf(job.input).c_str(), [&] { return convert(formats, job, entities); });
     fire<KOVAEndConversionTaskEvent>(entities, result);
     return result;
 }

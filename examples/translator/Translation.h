@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include <kova/core/KOVIResult.h>
@@ -14,7 +15,7 @@ namespace toolkit {
 
 /// What is to be translated, and how.
 struct Job {
-    KOVIFile input;           ///< by its path
+    KOVIFile input;           ///< by its path, or an open stream
     KOVIFile output;          ///< likewise
     KOVIOptions options = {}; ///< those that are not as by default
     KOVIUnit fromUnit = {};   ///< of the input; unknown for what the file itself says
@@ -22,12 +23,14 @@ struct Job {
     /// Where the model is put, in units of the input: one instance for each, in this order. None for as it is.
     std::vector<KOVAAssemblyComponentTransform> placements = {};
     bool isSplit = false;               ///< each part becomes a file of its own
-    std::vector<char const*> logs = {}; ///< files that are no output
+    std::vector<std::string> logs = {}; ///< files that are no output; empty names are none
+    std::string fromFormat = {};        ///< "obj"; empty for what the input's name says
+    std::string toFormat = {};          ///< of the output
 };
 
-/// Translates a file to another, each of the format that the end of its name says. Reports what was read and written
-/// as messages, and the tasks of the conversion as their events. A failure is reported as one error and leaves every
-/// output file as it was. Ends early with Aborted, and in the same way, when KOVACallbackShared says so.
+/// Translates a file to another. Reports what was read and written as messages, and the tasks of the conversion as
+/// their events. A failure is reported as one error and leaves every output file as it was. Ends early with Aborted,
+/// and in the same way, when KOVACallbackShared says so.
 KOVIResult translate(Formats& formats, Job const& job);
 
 } // namespace toolkit

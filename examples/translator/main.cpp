@@ -1,14 +1,17 @@
 // kova-translate INPUT OUTPUT: reads a model in one format and writes it in another.
 
-#include <clocale>
 #include <csignal>
+#include <cstdio>
+#include <string>
 #include <vector>
 
 #include <kova/core/Gk_ErrMgr.h>
+#include <kova/diagnostics/KOVAInfo.h>
 #include <kova/diagnostics/KOVATimingLogger.h>
 
 #include "CommandLine.h"
 #include "Console.h"
+#include "FilePairs.h"
 #include "Formats.h"
 #include "Logs.h"
 #include "OptionTable.h"
@@ -19,6 +22,7 @@
 namespace {
 
 using toolkit::CommandLine;
+using toolkit::FilePair;
 using toolkit::fire;
 using toolkit::Format;
 using toolkit::Formats;
@@ -41,13 +45,17 @@ extern "C" void abortTranslation(int signal) {
 }
 
 /// Those that the run needs. A file of an unknown format is reported when it is translated.
-std::vector<Format const*> formatsOf(CommandLine const& line, Formats& formats) {
-    if (line.showsOptions || line.wish == CommandLine::ListOptions)
+std::vector<Format const*> formatsOf(CommandLine const& line, std::vector<FilePair> const& pairs, Formats& formats) {
+    if (line.showsOptions)
         return formats.all();
     std::vector<Format const*> used;
-    for (char const* const name : line.names) {
-        if (Format const* const format = formats.of(name))
+    auto const add = [&](std::string const& given, std::string const& file) {
+        if (Format const* const format = formats.of(given.empty() ? toolkit::extensionOf(file.c_str()) : given))
             used.push_back(format);
+    };
+    for (FilePair const& pair : pairs) {
+        add(line.fromFormat, pair.input);
+        add(line.toFormat, pair.output);
     }
     return used;
 }
@@ -56,17 +64,47 @@ std::vector<Format const*> formatsOf(CommandLine const& line, Formats& formats) 
 KOVIResult readOptions(CommandLine const& line, toolkit::OptionTable& options) {
     KOVIResult result = kSuccess;
     auto const join = [&result](KOVIResult next) { result = result.IsFailure() ? result : next; };
-    for (char const* const file : line.optionFiles)
-        join(options.readFile(file));
-    for (char const* const assignment : line.assignments)
+    for (std::string const& file : line.optionFiles)
+        join(options.readFile(file.c_str()));
+    for (std::string const& assignment : line.assignments)
         join(options.set(assignment));
     join(options.readEnvironment());
     return result;
 }
 
+/// All are tried, until somebody ends the run. The result is that of the first that fails.
+KOVIResult translateAll(CommandLine const& line, std::vector<FilePair> const& pairs, KOVIOptions const& options,
+                        Formats& formats, toolkit::Console& console) {
+    KOVIResult result = kSuccess;
+    int done = 0;
+    int failed = 0;
+    for (FilePair const& pair : pairs) {
+        toolkit::Job job{toolkit::inputFile(pair.input), toolkit::outputFile(pair.output)};
+        job.fromFormat = line.fromFormat;
+        job.toFormat = line.toFormat;
+        job.options = options;
+        job.fromUnit = line.fromUnit;
+        job.toUnit = line.toUnit;
+        job.placements = line.placements;
+        job.isSplit = line.isSplit;
+        job.logs = {line.log, line.jsonLog};
+        console.setInputSize(pair.input.c_str());
+        KOVIResult const next = toolkit::translate(formats, job);
+        if (next == toolkit::kAborted)
+            return next;
+        ++(next.IsFailure() ? failed : done);
+        if (next.IsFailure() && result.IsSuccess())
+            result = next;
+    }
+    if (pairs.size() > 1)
+        KOVAInfo::PrintfAsItIs("%d files: %d translated, %d failed", done + failed, done, failed);
+    return result;
+}
+
 /// Everything between the program's start and end that a log shows.
-KOVIResult runProduct(CommandLine const& line, Formats& formats, toolkit::Console& console) {
-    toolkit::OptionTable options(formats, formatsOf(line, formats));
+KOVIResult runProduct(CommandLine const& line, std::vector<FilePair> const& pairs, Formats& formats,
+                      toolkit::Console& console) {
+    toolkit::OptionTable options(formats, formatsOf(line, pairs, formats));
     KOVIResult const result = readOptions(line, options);
     KOVAOptions given = options.given();
     KOVATaskEvent::SetRunOptions(&given);
@@ -76,66 +114,66 @@ KOVIResult runProduct(CommandLine const& line, Formats& formats, toolkit::Consol
     if (result.IsFailure())
         return result;
     if (line.showsOptions)
-        options.show();
-    if (line.names.empty())
-        return kSuccess;
-    toolkit::Job job{line.names[0], line.names[1]};
-    job.options = options.handle();
-    job.fromUnit = line.fromUnit;
-    job.toUnit = line.toUnit;
-    job.placements = line.placements;
-    job.isSplit = line.isSplit;
-    for (char const* const log : {line.log, line.jsonLog}) {
-        if (log)
-            job.logs.push_back(log);
-    }
-    console.setInputSize(line.names[0]);
-    return toolkit::translate(formats, job);
+        std::fputs(options.values().c_str(), stdout);
+    return translateAll(line, pairs, options.handle(), formats, console);
 }
 
 KOVIResult run(CommandLine const& line, Formats& formats, toolkit::Console& console) {
-    std::vector<char const*> files = line.optionFiles;
-    files.insert(files.end(), line.names.begin(), line.names.end());
+    std::vector<FilePair> pairs;
+    KOVIResult result = line.names.empty() ? kSuccess : toolkit::pairFiles(line, pairs);
+    std::vector<std::string> files = line.optionFiles;
+    for (FilePair const& pair : pairs)
+        files.insert(files.end(), {pair.input, pair.output});
     toolkit::Logs logs;
-    KOVIResult result = logs.open(line.log, line.jsonLog, files);
+    if (result.IsSuccess())
+        result = logs.open(line.log, line.jsonLog, files);
     if (result.IsFailure())
         return result;
-    if (line.level != KOVA_LEVEL_UNSET)
-        console.setLevel(line.level);
     // Behind console and logs, so that a duration follows the report of its task.
     if (line.isTimed)
         KOVATimingLogger::_timing.Initialize();
     KOVATimingLogger::SetUp();
     fire<KOVAStartProductEvent>("KOVA", kProgram);
-    result = runProduct(line, formats, console);
+    result = runProduct(line, pairs, formats, console);
     fire<KOVAEndProductEvent>(result);
     KOVATimingLogger::Stop();
     return result;
 }
 
-KOVIResult run(std::vector<char const*> const& arguments, toolkit::Console& console) {
+KOVIResult run(std::vector<std::string> const& arguments, toolkit::Console& console) {
     CommandLine line;
     KOVIResult const result = toolkit::readCommandLine(arguments, line);
     if (result.IsFailure())
         return result;
+    // Who asks for times wants to see them.
+    bool const isBrief = line.isTimed && line.talk == CommandLine::ByTerminal;
+    console.show(isBrief ? CommandLine::Brief : line.talk, line.level);
     Formats formats;
     switch (line.wish) {
-    case CommandLine::Help:
-        toolkit::print(toolkit::kUsage);
-        toolkit::print(toolkit::kHelp);
+    case CommandLine::Help: std::fputs(toolkit::helpText().c_str(), stdout); return kSuccess;
+    case CommandLine::Version: std::puts(kProgram); return kSuccess;
+    case CommandLine::ListFormats: std::fputs(formats.description().c_str(), stdout); return kSuccess;
+    case CommandLine::ListOptions:
+        std::fputs(toolkit::OptionTable(formats, formats.all()).description().c_str(), stdout);
         return kSuccess;
-    case CommandLine::Version: toolkit::print(kProgram); return kSuccess;
-    case CommandLine::ListOptions: toolkit::OptionTable(formats, formats.all()).list(); return kSuccess;
     case CommandLine::Translate: break;
     }
     return run(line, formats, console);
 }
 
+std::vector<std::string> argumentsOf(int argc, char const* const* argv) {
+    KOVADynamicArray<KOVAString> all;
+    KOVAEnvironment::GetArguments(argc, argv, all);
+    std::vector<std::string> arguments;
+    for (int i = 1; i < all.size(); ++i)
+        arguments.push_back(toolkit::nameFrom(all[i]));
+    return arguments;
+}
+
 } // namespace
 
+// The locale stays "C": there every byte of a name or a text comes through as it is, whatever its encoding.
 int main(int argc, char** argv) {
-    // File names are in the user's encoding; numbers stay in the "C" locale.
-    std::setlocale(LC_CTYPE, "");
     for (int const signal : kEndingSignals) {
         // Whoever started the program may want it to ignore the signal.
         if (std::signal(signal, abortTranslation) == SIG_IGN)
@@ -146,5 +184,7 @@ int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
 #endif
     toolkit::Console console;
-    return static_cast<int>(run({argv + 1, argv + argc}, console).GetReturnCode());
+    KOVIResult const result = run(argumentsOf(argc, argv), console);
+    bool const isTold = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+    return static_cast<int>((isTold || result.IsFailure() ? result : toolkit::kFileSaveError).GetReturnCode());
 }

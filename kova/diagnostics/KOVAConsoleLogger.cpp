@@ -66,10 +66,16 @@ void KOVAConsoleLogger::Initialize(KOVAEventLevel level) {
 
 void KOVAConsoleLogger::Finalize() {
     KOVALogger::Finalize();
-    delete out_;
+    FreeStandardOutput();
     delete errors_;
     out_ = nullptr;
     errors_ = nullptr;
+}
+
+void KOVAConsoleLogger::FreeStandardOutput() {
+    if (out_ != errors_)
+        delete out_;
+    out_ = errors_;
 }
 
 bool KOVAConsoleLogger::IsTerminal() noexcept {

@@ -31,6 +31,9 @@ public:
     static void SetUp(KOVAEventLevel level);
     static void SetUp(int level) { SetUp(static_cast<KOVAEventLevel>(level)); }
 
+    /// Until Finalize, everything goes to standard error: for programs whose standard output carries what they make.
+    void FreeStandardOutput();
+
     /// Standard error is a terminal, and one that can erase what was written: the place for a progress bar.
     static bool IsTerminal() noexcept;
 
@@ -42,6 +45,6 @@ protected:
 private:
     using KOVALogger::Initialize; // the console has no other stream
 
-    kova::detail::LogStream* out_ = nullptr;    ///< file number 1
+    kova::detail::LogStream* out_ = nullptr;    ///< file number 1; the same as errors_ when that is free
     kova::detail::LogStream* errors_ = nullptr; ///< file number 2
 };

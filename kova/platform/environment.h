@@ -1,6 +1,9 @@
 #pragma once
 
-/// The process's environment variables, as the C runtime has them.
+#include <kova/containers/KOVADynamicArray.h>
+#include <kova/text/KOVAString.h>
+
+/// The process's environment variables, as the C runtime has them, and the arguments that it was started with.
 namespace kova::detail {
 
 /// The block: entries "NAME=value" and a null pointer at the end. It lives until a variable is set.
@@ -12,5 +15,8 @@ char const* environmentValue(char const* name) noexcept;
 /// Sets the variable of an entry "NAME=value", which is copied. An empty value sets an empty variable on
 /// POSIX systems, and takes the variable away on Windows. False when the system refuses.
 bool putEnvironmentEntry(char const* entry);
+
+/// The program's arguments where the system has them in wide characters; false where those of main are all there is.
+bool wideArguments(KOVADynamicArray<KOVAString>& arguments);
 
 } // namespace kova::detail

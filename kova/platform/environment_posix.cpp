@@ -18,4 +18,8 @@ bool putEnvironmentEntry(char const* entry) {
     return separator && setenv(std::string(entry, separator).c_str(), separator + 1, 1) == 0;
 }
 
+bool wideArguments(KOVADynamicArray<KOVAString>& /*arguments*/) {
+    return false;
+}
+
 } // namespace kova::detail

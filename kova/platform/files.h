@@ -31,6 +31,9 @@ int writeFile(int file, char const* buffer, unsigned int count) noexcept;
 /// The new position, or -1.
 std::int64_t seekFile(int file, std::int64_t offset, SeekFrom from) noexcept;
 
+/// Line ends pass as they are from now on.
+void setBinaryFile(int file) noexcept;
+
 /// The stream's file number; -1 for a null stream.
 int fileNumber(std::FILE* stream) noexcept;
 

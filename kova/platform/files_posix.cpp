@@ -94,6 +94,8 @@ std::int64_t seekFile(int file, std::int64_t offset, SeekFrom from) noexcept {
     return ::lseek(file, static_cast<off_t>(offset), origin);
 }
 
+void setBinaryFile(int /*file*/) noexcept {}
+
 int fileNumber(std::FILE* stream) noexcept {
     return stream ? ::fileno(stream) : -1;
 }

@@ -71,6 +71,10 @@ std::int64_t seekFile(int file, std::int64_t offset, SeekFrom from) noexcept {
     return _lseeki64(file, offset, origin);
 }
 
+void setBinaryFile(int file) noexcept {
+    _setmode(file, _O_BINARY);
+}
+
 int fileNumber(std::FILE* stream) noexcept {
     return stream ? _fileno(stream) : -1;
 }

@@ -70,6 +70,10 @@ long KOVAFileDescriptor::fileSize() const {
     return narrowed(end);
 }
 
+void KOVAFileDescriptor::setBinary() const noexcept {
+    kova::detail::setBinaryFile(file_);
+}
+
 int KOVAFileDescriptor::readBytes(char* const buffer, unsigned int count, long at) {
     if (at != -1)
         seek(at);

@@ -34,6 +34,10 @@ public:
     long seek(long position) const;
     long fileSize() const;
 
+    /// From now on line ends pass as they are, where the system translates them: for standard input and output
+    /// that carry data.
+    void setBinary() const noexcept;
+
     /// Bytes read or written at the position `at`, at the current one for -1; -1 for an error.
     int readBytes(char* const buffer, unsigned int count, long at);
     int writeBytes(char const* const buffer, unsigned int count, long at);

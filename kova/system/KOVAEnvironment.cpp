@@ -75,3 +75,10 @@ KOVIResult KOVAEnvironment::PutVariable(KOVAString const& name, KOVAString const
     kova::detail::collapsePercentPairs(entryBuffer);
     return kova::detail::putEnvironmentEntry(entryBuffer) ? kSuccess : kFailure;
 }
+
+void KOVAEnvironment::GetArguments(int argc, char const* const* argv, KOVADynamicArray<KOVAString>& arguments) {
+    if (kova::detail::wideArguments(arguments))
+        return;
+    for (int i = 0; argv && i < argc && argv[i]; ++i)
+        arguments.add(KOVAString(argv[i]));
+}

@@ -2,6 +2,7 @@
 
 #include <type_traits>
 
+#include <kova/containers/KOVADynamicArray.h>
 #include <kova/core/KOVIResult.h>
 #include <kova/core/export.h>
 #include <kova/options/KOVAProperties.h>
@@ -32,6 +33,10 @@ public:
     /// A number would be taken for one character.
     template <class Number, class = std::enable_if_t<std::is_arithmetic_v<Number>>>
     static KOVIResult PutVariable(KOVAString const& name, Number value) = delete;
+
+    /// Adds the arguments of main, the program's name first, as texts. On Windows they are the system's own, which
+    /// hold every character of a file's name; main has only those of the code page.
+    static void GetArguments(int argc, char const* const* argv, KOVADynamicArray<KOVAString>& arguments);
 
 private:
     KOVAEnvironment();

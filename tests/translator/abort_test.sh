@@ -8,7 +8,7 @@ mkfifo endless.stl
 echo old >out.obj
 facet='facet normal 0 0 1 outer loop vertex 0 0 0 vertex 1 0 0 vertex 0 1 0 endloop endfacet'
 { echo solid; while echo "$facet"; do :; done; } >endless.stl 2>/dev/null &
-"$program" endless.stl out.obj >said 2>&1 &
+"$program" --level BRIEF endless.stl out.obj >said 2>&1 &
 pid=$!
 # It has begun to write when its temporary file is there.
 tries=0

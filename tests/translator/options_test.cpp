@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <random>
+#include <sstream>
 
 #include "Translation.h"
 #include "VertexGrid.h"
@@ -16,13 +17,12 @@ constexpr char kDigitsVariable[] = "KOVA/XMesh/Export/Digits";
 
 class TranslatorOptions : public testing::Test {
 protected:
-    OptionTable table() { return {formats_, {formats_.of("x.stl")}}; }
+    OptionTable table() { return {formats_, {formats_.of("stl")}}; }
     /// What a table shows, without the names, one line an option.
     Texts shown(OptionTable const& options) {
-        events_.events.clear();
-        options.show();
+        std::istringstream text(options.values());
         Texts lines;
-        for (std::string const& event : events_.events) lines.push_back(event.substr(29, event.size() - 30));
+        for (std::string line; std::getline(text, line);) lines.push_back(line.substr(26));
         return lines;
     }
     /// Translates contents with options; returns the result's number.

@@ -259,7 +259,7 @@ TEST_F(Ply, WritesColorsOfMaterials) {
         options.AddOption(KOVAOption(KOVAOptionName(KOVAString("/PLY/Export/Encoding")), "ascii"));
         toolkit::OutputFile file(folder.path("out.ply"));
         toolkit::Scene scene;
-        auto const writer = formats_.of("x.ply")->writer(file, toolkit::Settings(options));
+        auto const writer = formats_.of("ply")->writer(file, toolkit::Settings(options));
         Texts vertices, faces{"0 1 2", "3 4 5", "6 7 8", "9 10 11"};
         faces.resize(rows.size());
         for (Row const& row : rows) {

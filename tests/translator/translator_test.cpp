@@ -406,18 +406,28 @@ TEST_F(Translator, AFullDiskLeavesNothing) {
     std::signal(SIGXFSZ, handler);
 }
 
-TEST_F(Translator, BinaryStlIsNotWrittenToAPipe) {
+TEST_F(Translator, PipesAndStreamsGetWholeFiles) {
     folder.write("in.stl", binary("", kSquare));
-    for (char const* const name : {"pipe.stl", "ascii.stl"}) {
-        ASSERT_EQ(mkfifo(folder.path(name).c_str(), 0600), 0);
-        int const reader = open(folder.path(name).c_str(), O_RDONLY | O_NONBLOCK);
-        bool const refused = translate("in.stl", name) == 14;
-        char first = 0;
-        EXPECT_EQ(read(reader, &first, 1), refused ? 0 : 1);
-        EXPECT_EQ(refused, name[0] == 'p');
-        EXPECT_EQ(error().find("/Ascii=On) or another format") != std::string::npos, refused) << error();
-        close(reader);
-    }
+    ASSERT_EQ(translate("in.stl", "file.stl"), 0U);
+    ASSERT_EQ(mkfifo(folder.path("pipe.stl").c_str(), 0600), 0);
+    int const pipe = open(folder.path("pipe.stl").c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_EQ(translate("in.stl", "pipe.stl"), 0U);
+    std::string text(1000, ' ');
+    text.resize(static_cast<std::size_t>(std::max<ssize_t>(read(pipe, text.data(), text.size()), 0)));
+    EXPECT_EQ(text, folder.read("file.stl"));
+    close(pipe);
+    // From where a stream stands to the end of one that appends.
+    folder.write("in", "before" + binary("", kSquare));
+    folder.write("out", "before");
+    std::FILE* const in = std::fopen(folder.path("in").c_str(), "rb");
+    std::FILE* const out = std::fopen(folder.path("out").c_str(), "ab");
+    EXPECT_EQ(lseek(fileno(in), 6, SEEK_SET), 6);
+    toolkit::Job job{KOVIFile(in, "in"), KOVIFile(out, "out")};
+    job.fromFormat = job.toFormat = "STL";
+    EXPECT_EQ(toolkit::translate(formats_, job), 0);
+    EXPECT_EQ(folder.read("out"), "before" + text);
+    std::fclose(in);
+    std::fclose(out);
 }
 #endif
 

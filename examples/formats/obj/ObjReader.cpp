@@ -215,7 +215,7 @@ void ObjReader::readLibraries(std::string_view names, Scene& scene) {
 void ObjReader::readLibrary(std::string const& name, Scene& scene) {
     std::string const path = besideInput(name);
     // What is no file may have no end.
-    File const file(isFile(path) ? KOVAFilePath(path.c_str()).OpenFile(KOVAString("rb")) : nullptr);
+    File const file(isFile(path) ? openFile(systemPath(path.c_str()), "rb") : nullptr);
     if (!file) {
         warn(file_, atLine(lines_.number()), "the material library \"%s\" cannot be opened", name.c_str());
         return;

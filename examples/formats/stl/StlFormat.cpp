@@ -21,12 +21,10 @@ public:
                                                  toolkit::Settings const& settings) const override {
         if (toolkit::isOn(settings.options, kAscii))
             return std::make_unique<toolkit::AsciiStlWriter>(output, settings);
-        if (output.canBePositioned())
+        if (output.allowOverwriting())
             return std::make_unique<toolkit::BinaryStlWriter>(output, settings);
         toolkit::fail(toolkit::kFileOpenError, output.name(), toolkit::kNowhere,
-                      "binary STL needs a file, not a pipe or a device; write ASCII (--set %s=On) or another format "
-                      "instead",
-                      kAscii);
+                      "binary STL cannot be held in a temporary file until its triangles are counted");
         return nullptr;
     }
 };

@@ -51,9 +51,6 @@ bool StlReader::isAscii() {
 }
 
 KOVIResult StlReader::readBinary(ModelSink& sink) {
-    if (size_ < 0)
-        return fail(kInvalidFile, file_, kNowhere,
-                    "binary STL is read from a file that tells its size, not from a pipe");
     std::string_view const header = in_.lookAhead(kStlHeaderSize);
     if (header.size() < kStlHeaderSize)
         return fail(kInvalidFile, file_, atByte(static_cast<long long>(header.size())),
@@ -61,20 +58,22 @@ KOVIResult StlReader::readBinary(ModelSink& sink) {
     takeHeaderText(header.substr(0, std::min<std::size_t>(header.find('\0'), kStlCountAt)));
     long long const count = countIn(header);
     long long const wanted = kStlHeaderSize + kStlFacetSize * count;
-    if (size_ < wanted)
+    // A pipe does not tell its size.
+    if (size_ >= 0 && size_ < wanted)
         return fail(kInvalidFile, file_, atByte(kStlCountAt), "%lld triangles need %lld bytes, but the file has %lld",
                     count, wanted, size_);
     if (size_ > wanted)
         return fail(kInvalidFile, file_, atByte(wanted), "%lld bytes follow the last of %lld triangles", size_ - wanted,
                     count);
     in_.take(kStlHeaderSize);
-    sink.reserve(static_cast<std::size_t>(count));
+    if (size_ >= 0)
+        sink.reserve(static_cast<std::size_t>(count));
     ShellBuilder shells(sink);
     for (long long i = 0; i < count; ++i) {
         std::string_view const facet = in_.lookAhead(kStlFacetSize);
         if (facet.size() < kStlFacetSize)
             return fail(kInvalidFile, file_, atByte(in_.offset() + static_cast<long long>(facet.size())),
-                        "the file cannot be read to its end");
+                        "the file ends in triangle %lld of %lld", i + 1, count);
         float corner[9];
         for (int k = 0; k < 9; ++k) {
             int const at = 12 + 4 * k;
@@ -89,6 +88,8 @@ KOVIResult StlReader::readBinary(ModelSink& sink) {
         in_.take(kStlFacetSize);
     }
     shells.flush();
+    if (!in_.lookAhead(1).empty())
+        return fail(kInvalidFile, file_, atByte(wanted), "bytes follow the last of %lld triangles", count);
     return kSuccess;
 }
 
