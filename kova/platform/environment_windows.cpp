@@ -2,7 +2,11 @@
 
 #include <cstdlib>
 
-#include <windows.h>
+#include <wchar.h>
+
+/// Of the C runtime, for the code that calls main; its headers leave it out. The arrays stay the runtime's.
+extern "C" int __cdecl __wgetmainargs(int* argc, wchar_t*** argv, wchar_t*** environment, int expandsWildcards,
+                                      int* startup);
 
 namespace kova::detail {
 
@@ -15,20 +19,17 @@ bool putEnvironmentEntry(char const* entry) {
     return _putenv(entry) == 0;
 }
 
-/// The system's library for that brings a dozen others, so it is loaded by who asks, and not with this one.
 bool wideArguments(KOVADynamicArray<KOVAString>& arguments) {
-    HMODULE const shell = LoadLibraryExW(L"shell32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    if (!shell)
-        return false;
-    using Split = LPWSTR*(WINAPI*)(LPCWSTR, int*);
-    auto const split = reinterpret_cast<Split>(reinterpret_cast<void*>(GetProcAddress(shell, "CommandLineToArgvW")));
+    constexpr int kExpandWildcards = 1;
     int count = 0;
-    LPWSTR* const words = split ? split(GetCommandLineW(), &count) : nullptr;
-    for (int i = 0; words && i < count; ++i)
+    wchar_t** words = nullptr;
+    wchar_t** variables = nullptr;
+    int startup = 0;
+    if (__wgetmainargs(&count, &words, &variables, kExpandWildcards, &startup) != 0)
+        return false;
+    for (int i = 0; i < count; ++i)
         arguments.add(KOVAString(reinterpret_cast<unsigned short const*>(words[i])));
-    LocalFree(words);
-    FreeLibrary(shell);
-    return words != nullptr;
+    return true;
 }
 
 } // namespace kova::detail

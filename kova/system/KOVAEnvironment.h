@@ -35,7 +35,8 @@ public:
     static KOVIResult PutVariable(KOVAString const& name, Number value) = delete;
 
     /// Adds the arguments of main, the program's name first, as texts. On Windows they are the system's own, which
-    /// hold every character of a file's name; main has only those of the code page.
+    /// hold every character of a file's name, where main has only those of the code page; "*" and "?" become the names
+    /// that match, as shells do it elsewhere.
     static void GetArguments(int argc, char const* const* argv, KOVADynamicArray<KOVAString>& arguments);
 
 private:

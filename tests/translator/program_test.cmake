@@ -5,6 +5,7 @@ file(MAKE_DIRECTORY ${folder})
 file(COPY ${model} DESTINATION ${folder})
 file(WRITE ${folder}/flat.obj "# Flat by intent\nv 0 0 0\nv 1 0 0\nf 1 2 2\n")
 
+list(LENGTH program words) # more than one with an emulator, for Windows
 set(ENV{LC_ALL} C.UTF-8) # for an emulator that goes by it; the program itself does not
 
 function(expect_run status out err)
@@ -82,6 +83,9 @@ file(GLOB all RELATIVE ${folder}/all ${folder}/all/*)
 if(NOT all STREQUAL "again.ply;flat.ply")
   message(FATAL_ERROR "of several inputs there are ${all}")
 endif()
+if(words GREATER 1)
+  expect_run(0 "^$" "\n2 files: 2 translated, 0 failed\n$" ${BRIEF} all/*.ply all --to-format stl)
+endif()
 foreach(mistake
     "all: is a folder; name the format of what goes there with --to-format| flat.obj all"
     "all/FLAT.stl: both flat.obj and FLAT.ply would be written there| flat.obj FLAT.ply all --to-format stl"
@@ -155,7 +159,6 @@ if(EXISTS ${folder}/no.obj)
   message(FATAL_ERROR "no.obj was written in spite of mistakes in the options")
 endif()
 # An emulator may begin with an environment of its own.
-list(LENGTH program words)
 if(words EQUAL 1)
   set(ENV{KOVA/XMesh/Export/Digits} 3)
   set(digits "--set;/XMesh/Export/Digits=5")
