@@ -14,7 +14,7 @@
 namespace toolkit {
 
 /// Raised whenever anything changes that format libraries and the program share.
-constexpr std::uint32_t kInterfaceVersion = 2;
+constexpr std::uint32_t kInterfaceVersion = 3;
 
 /// What a format library exports as data. The program looks at it before it calls any function of the library, so
 /// it keeps its shape for ever.

@@ -4,22 +4,20 @@
 #include <cstdint>
 #include <vector>
 
+#include "color.h"
 #include "geometry.h"
 
 namespace toolkit {
 
 /// What a corner has beside its position.
 struct Look {
-    bool hasColor = false;
-    bool hasNormal = false;
-    Vertex color{};  ///< red, green and blue from 0 to 1
-    float alpha = 1; ///< of the colour: how opaque it is
-    Vertex normal{};
+    Vertex color = kNoColor;
+    float alpha = 1;    ///< of the colour: how opaque it is
+    Vertex normal = {}; ///< all zeros for none
 };
 
 inline bool operator==(Look const& a, Look const& b) noexcept {
-    return a.hasColor == b.hasColor && a.hasNormal == b.hasNormal && a.color == b.color && a.alpha == b.alpha &&
-           a.normal == b.normal;
+    return a.color == b.color && a.alpha == b.alpha && a.normal == b.normal;
 }
 
 /// A position and a look, by their numbers from 1; look 0 is none.

@@ -24,7 +24,6 @@ void WeldingWriter::setColor(KOVARGBColor const* color) {
         return;
     float rgba[4];
     color->GetRGBA(rgba);
-    base_.hasColor = true;
     base_.color = {rgba[0], rgba[1], rgba[2]};
     base_.alpha = rgba[3];
 }
@@ -39,15 +38,19 @@ void WeldingWriter::beginLooks() {
 
 std::uint32_t WeldingWriter::lookOf(Triangles const& triangles, std::size_t triangle, int corner) {
     Look look = base_;
-    if ((kept_ & kColors) != 0 && triangles.hasColors()) {
-        look.hasColor = true;
-        look.color = triangles.color(triangle, corner);
+    Vertex const color = triangles.color(triangle, corner);
+    if (keeps(kColors) && isColor(color)) {
+        look.color = color;
         if (triangles.hasAlphas())
             look.alpha = triangles.alpha(triangle, corner);
     }
-    if ((kept_ & kNormals) != 0 && triangles.hasNormals()) {
-        look.hasNormal = true;
+    if (isColor(look.color))
+        known_ |= kColors;
+    if (keeps(kWhiteForNone) && look.color == kWhite)
+        look.color = kNoColor;
+    if (keeps(kNormals) && triangles.hasNormals()) {
         look.normal = triangles.normal(triangle, corner);
+        known_ |= kNormals;
     }
     return look == plain_ ? 0 : looks_.add(look);
 }
@@ -62,8 +65,8 @@ WeldingWriter::Face WeldingWriter::withLooks(Face const& at, Triangles const& tr
 }
 
 void WeldingWriter::write(Triangles const& triangles) {
-    unsigned const come = (triangles.hasColors() ? kColors : 0) | (triangles.hasNormals() ? kNormals : 0);
-    if (!hasLooks_ && ((come & kept_) != 0 || base_.hasColor))
+    bool const areColored = keeps(kColors) && (triangles.hasColors() || isColor(base_.color));
+    if (!hasLooks_ && (areColored || (keeps(kNormals) && triangles.hasNormals())))
         beginLooks();
     for (std::size_t i = 0; i < triangles.size(); ++i) {
         std::size_t const before = positions().size();

@@ -87,9 +87,9 @@ TEST_F(Obj, Reads) {
          square + "g a#\\ \nf 1 2 3\no b\ng c c?\nf 1 3 4\n"},
         {square + "g x y\nf 1 2 3\no b\nf 1 3 4\ng\nf 1 2 4\no\nf 2 3 4\ng y x\nf 1 1 1\n",
          square + "g x y\nf 1 2 3\no b\ng x y\nf 1 3 4\no b\ng\nf 1 2 4\no\nf 2 3 4\ng x y\nf 1 1 1\n"},
-        // Colours are six numbers; a vertex without one is white beside one that has.
-        {"v 0 0 0 1 0 .5\nv 1 0 0 1 1 1 9\nv 1 1 0\nv 0 1 0\nf 1 2 3\nf 2 3 4\n",
-         "v 0 0 0 1 0 0.5\nv 1 0 0 1 1 1\nv 1 1 0 1 1 1\nv 1 0 0\nv 1 1 0\nv 0 1 0\nf 1 2 3\nf 4 5 6\n"},
+        // Colours are six numbers; a vertex without one stays so, and is shared, beside one that has.
+        {"v 0 0 0 1 0 .5\nv 1 0 0 1 1 1 9\nv 1 1 0\nv 0 1 0\nf 2 3 4\nf 1 2 3\nf 2 3 4\nv 1 1 0 1 1 1\nf 5 3 1\n",
+         "v 1 0 0\nv 1 1 0\nv 0 1 0\nv 0 0 0 1 0 0.5\nv 1 1 0 1 1 1\nf 1 2 3\nf 4 1 2\nf 1 2 3\nf 5 2 4\n"},
     };
     for (auto const& row : rows) {
         EXPECT_EQ(run(row.contents), 0U) << row.contents;

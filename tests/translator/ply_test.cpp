@@ -275,6 +275,25 @@ TEST_F(Ply, WritesColorsOfMaterials) {
     }
 }
 
+TEST_F(Ply, ColorsComeFromObjAndGoThere) {
+    struct {
+        std::string from, contents, to, written;
+        Texts warnings;
+    } const rows[] = {
+        // A vertex without a colour is written white, so it is no other than a white one.
+        {"part.obj",
+         "v 0 0 0 1 0 0\nv 1 0 0\nv 0 1 0\nv 1 0 0 1 1 1\nf 1 2 3\nf 1 4 3\n",
+         "part.ply",
+         written(kRgb, {"0 0 0 255 0 0", "1 0 0 255 255 255", "0 1 0 255 255 255"}, {"0 1 2", "0 1 2"}),
+         {}},
+    };
+    for (auto const& row : rows) {
+        folder.write(row.from, row.contents);
+        EXPECT_EQ(translate(row.from, row.to), 0U);
+        EXPECT_EQ(folder.read(row.to), row.written);
+    }
+}
+
 TEST_F(Ply, TheUnitComesAlong) {
     folder.write("in.ply", kTriangle);
     std::string text = kTriangle;

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "characters.h"
+#include "color.h"
 #include "files.h"
 #include "objText.h"
 #include "report.h"
@@ -14,10 +15,6 @@
 namespace toolkit {
 
 namespace {
-
-/// In place of the colour of a vertex that has none.
-constexpr Vertex kNoColor{-1, -1, -1};
-constexpr Vertex kWhite{1, 1, 1};
 
 /// The integer at `at`, which is not 0; null where there is none.
 char const* readIndex(char const* at, char const* end, long long& index) noexcept {
@@ -124,25 +121,22 @@ KOVIResult ObjReader::failCorner(std::string_view corners, ObjIndices const* ind
                 isVertex ? vertices_.size() : normals_.size());
 }
 
-/// Has normals where all corners have, and colours where one has; the others are white then.
+/// Has normals where all corners have.
 void ObjReader::addTriangle(FaceCorner const& a, FaceCorner const& b, FaceCorner const& c, ShellBuilder& shells) const {
     bool const hasNormals = a.normal && b.normal && c.normal;
     FaceCorner const corners[3] = {a, b, c};
     Vertex positions[3];
     Vertex normals[3];
     KOVARGBColor colors[3];
-    bool hasColors = false;
     for (int i = 0; i < 3; ++i) {
         positions[i] = *corners[i].position;
         if (hasNormals)
             normals[i] = *corners[i].normal;
         std::size_t const at = static_cast<std::size_t>(corners[i].position - vertices_.data());
-        bool const isColored = at < colors_.size() && !(colors_[at] == kNoColor);
-        Vertex const color = isColored ? colors_[at] : kWhite;
-        colors[i] = KOVARGBColor(color.x, color.y, color.z, 1.0F);
-        hasColors = hasColors || isColored;
+        if (at < colors_.size() && isColor(colors_[at]))
+            colors[i] = KOVARGBColor(colors_[at].x, colors_[at].y, colors_[at].z, 1.0F);
     }
-    shells.triangle(positions, hasNormals ? normals : nullptr, hasColors ? colors : nullptr);
+    shells.triangle(positions, hasNormals ? normals : nullptr, colors_.empty() ? nullptr : colors);
 }
 
 KOVIResult ObjReader::readFace(std::string_view corners, ModelSink& sink, ShellBuilder& shells) {

@@ -9,6 +9,7 @@
 #include <kova/model/KOVACallbackShared.h>
 
 #include "characters.h"
+#include "color.h"
 #include "numbers.h"
 
 namespace toolkit {
@@ -136,7 +137,7 @@ void ObjWriter::writeHead() {
 void ObjWriter::writeVertices() {
     for (std::size_t i = 0; i < size(); ++i) {
         char* to = putNumbers(put(out_.room(kLongestRecord), "v"), position(i), digits_);
-        if (look(i).hasColor)
+        if (isColor(look(i).color))
             to = putNumbers(to, look(i).color, digits_);
         out_.use(put(to, "\n"));
     }

@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "bytes.h"
+#include "color.h"
 #include "numbers.h"
 
 namespace toolkit {
@@ -20,8 +21,8 @@ std::uint8_t step(float component) noexcept {
 } // namespace
 
 PlyWriter::PlyWriter(KOVAOutputStream& stream, Settings const& settings, PlyEncoding encoding)
-    : WeldingWriter(settings, kColors | kNormals), out_(stream), digits_(settings.digits), unit_(settings.unit),
-      encoding_(encoding) {}
+    : WeldingWriter(settings, kColors | kNormals | kWhiteForNone), out_(stream), digits_(settings.digits),
+      unit_(settings.unit), encoding_(encoding) {}
 
 void PlyWriter::begin(Part const& /*part*/, Material const* material) {
     setColor(material ? &material->color : nullptr);
@@ -30,8 +31,6 @@ void PlyWriter::begin(Part const& /*part*/, Material const* material) {
 void PlyWriter::findColumns() {
     for (std::size_t i = 0; i < size(); ++i) {
         Look const& look = this->look(i);
-        hasNormals_ = hasNormals_ || look.hasNormal;
-        hasColors_ = hasColors_ || look.hasColor;
         hasAlphas_ = hasAlphas_ || look.alpha != 1;
     }
 }
@@ -62,9 +61,9 @@ void PlyWriter::writeHeader() {
         header += "comment units = " + unit_ + "\n";
     header += "element vertex " + std::to_string(size()) + "\n";
     header += "property float x\nproperty float y\nproperty float z\n";
-    if (hasNormals_)
+    if (hasAny(kNormals))
         header += "property float nx\nproperty float ny\nproperty float nz\n";
-    if (hasColors_)
+    if (hasAny(kColors))
         header += "property uchar red\nproperty uchar green\nproperty uchar blue\n";
     if (hasAlphas_)
         header += "property uchar alpha\n";
@@ -81,10 +80,10 @@ void PlyWriter::writeVertex(std::size_t index) {
     Look const& look = this->look(index);
     char* to = out_.room(kLongestRecord);
     to = put(put(put(to, position.x), position.y), position.z);
-    if (hasNormals_)
+    if (hasAny(kNormals))
         to = put(put(put(to, look.normal.x), look.normal.y), look.normal.z);
-    if (hasColors_) {
-        Vertex const color = look.hasColor ? look.color : Vertex{1, 1, 1};
+    if (hasAny(kColors)) {
+        Vertex const color = isColor(look.color) ? look.color : kWhite;
         to = put(put(put(to, step(color.x)), step(color.y)), step(color.z));
     }
     if (hasAlphas_)

@@ -36,8 +36,6 @@ private:
     int digits_;
     std::string unit_;
     PlyEncoding encoding_;
-    bool hasNormals_ = false;
-    bool hasColors_ = false;
     bool hasAlphas_ = false;
 };
 
