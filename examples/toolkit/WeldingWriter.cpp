@@ -44,8 +44,9 @@ std::uint32_t WeldingWriter::lookOf(Triangles const& triangles, std::size_t tria
         if (triangles.hasAlphas())
             look.alpha = triangles.alpha(triangle, corner);
     }
-    if (isColor(look.color))
-        known_ |= kColors;
+    known_ |= (isColor(look.color) ? kColors : 0) | (look.alpha != 1 ? kAlphas : 0);
+    if (!keeps(kAlphas))
+        look.alpha = 1;
     if (keeps(kWhiteForNone) && look.color == kWhite)
         look.color = kNoColor;
     if (keeps(kNormals) && triangles.hasNormals()) {

@@ -19,8 +19,9 @@ public:
     // What is kept beside positions.
     static constexpr unsigned kColors = 1;
     static constexpr unsigned kNormals = 2;
+    static constexpr unsigned kAlphas = 4; ///< of the colours
     /// Corners without a colour are written white, so they are no other vertices than white ones.
-    static constexpr unsigned kWhiteForNone = 4;
+    static constexpr unsigned kWhiteForNone = 8;
 
     explicit WeldingWriter(Settings const& settings, unsigned kept = 0);
 
@@ -50,7 +51,7 @@ protected:
         return number == 0 ? plain_ : looks_.items()[number - 1];
     }
     std::vector<Face> const& faces() const noexcept { return faces_; }
-    /// Whether any vertex has this, of what is kept.
+    /// Whether any vertex came with this. Alphas count where they are not 1, and even if they are not kept.
     bool hasAny(unsigned what) const noexcept { return (known_ & what) != 0; }
 
 private:
@@ -66,7 +67,7 @@ private:
     void removeFrom(std::size_t count);
 
     unsigned kept_;
-    unsigned known_ = 0; ///< of these, what vertices have
+    unsigned known_ = 0; ///< what vertices came with
     VertexTable table_;
     std::optional<VertexGrid> grid_; ///< in place of the table where near vertices are one
     std::vector<Face> faces_;

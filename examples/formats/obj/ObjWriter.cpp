@@ -11,6 +11,7 @@
 #include "characters.h"
 #include "color.h"
 #include "numbers.h"
+#include "report.h"
 
 namespace toolkit {
 
@@ -205,6 +206,8 @@ void ObjWriter::finish() {
     out_.flush();
     if (!materials_.empty())
         writeMaterials();
+    if (hasAny(kAlphas))
+        warn(file_.name(), kNowhere, "the alphas of vertices are left out: OBJ has none");
 }
 
 std::string ObjWriter::description() const {

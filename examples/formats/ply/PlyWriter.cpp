@@ -21,18 +21,11 @@ std::uint8_t step(float component) noexcept {
 } // namespace
 
 PlyWriter::PlyWriter(KOVAOutputStream& stream, Settings const& settings, PlyEncoding encoding)
-    : WeldingWriter(settings, kColors | kNormals | kWhiteForNone), out_(stream), digits_(settings.digits),
+    : WeldingWriter(settings, kColors | kAlphas | kNormals | kWhiteForNone), out_(stream), digits_(settings.digits),
       unit_(settings.unit), encoding_(encoding) {}
 
 void PlyWriter::begin(Part const& /*part*/, Material const* material) {
     setColor(material ? &material->color : nullptr);
-}
-
-void PlyWriter::findColumns() {
-    for (std::size_t i = 0; i < size(); ++i) {
-        Look const& look = this->look(i);
-        hasAlphas_ = hasAlphas_ || look.alpha != 1;
-    }
 }
 
 template <class Number> char* PlyWriter::put(char* to, Number value) const noexcept {
@@ -65,7 +58,7 @@ void PlyWriter::writeHeader() {
         header += "property float nx\nproperty float ny\nproperty float nz\n";
     if (hasAny(kColors))
         header += "property uchar red\nproperty uchar green\nproperty uchar blue\n";
-    if (hasAlphas_)
+    if (hasAny(kAlphas))
         header += "property uchar alpha\n";
     // Other readers expect int, as long as it will do.
     bool const needsUnsigned = size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max());
@@ -86,7 +79,7 @@ void PlyWriter::writeVertex(std::size_t index) {
         Vertex const color = isColor(look.color) ? look.color : kWhite;
         to = put(put(put(to, step(color.x)), step(color.y)), step(color.z));
     }
-    if (hasAlphas_)
+    if (hasAny(kAlphas))
         to = put(to, step(look.alpha));
     out_.use(putEnd(to));
 }
@@ -99,7 +92,6 @@ void PlyWriter::writeFace(Face const& face) {
 }
 
 void PlyWriter::finish() {
-    findColumns();
     writeHeader();
     for (std::size_t i = 0; i < size(); ++i)
         writeVertex(i);
