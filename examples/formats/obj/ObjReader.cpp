@@ -175,7 +175,7 @@ void ObjReader::beginShell(Scene& scene, ShellBuilder& shells) {
     std::vector<std::string> sorted = groups_;
     std::sort(sorted.begin(), sorted.end());
     sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
-    std::string key = object_;
+    std::string key = object_ + '\n' + std::to_string(objectNumbers_[object_]);
     for (std::string const& group : sorted)
         key += '\n' + group;
     Part*& part = parts_[key];
@@ -234,6 +234,14 @@ void ObjReader::warnOfMaterials() const {
              unknownMaterial_.c_str(), unknownMaterials_ > 1 ? more.c_str() : "");
 }
 
+/// An object goes on where its name comes back, but the same name right behind its faces begins another.
+void ObjReader::beginObject(std::string const& name) {
+    if (name == object_ && !name.empty() && faces_ > facesBefore_)
+        ++objectNumbers_[name];
+    object_ = name;
+    facesBefore_ = faces_;
+}
+
 /// A new object leaves the groups as they are.
 void ObjReader::readName(std::string_view keyword, std::string_view rest, Scene& scene) {
     if (keyword == "mtllib")
@@ -241,7 +249,7 @@ void ObjReader::readName(std::string_view keyword, std::string_view rest, Scene&
     else if (keyword == "usemtl")
         useMaterial(nameIn(rest));
     else if (keyword == "o")
-        object_ = nameIn(rest);
+        beginObject(nameIn(rest));
     else if (keyword == "g")
         groups_ = namesIn(rest);
     else
