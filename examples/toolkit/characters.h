@@ -18,6 +18,18 @@ inline bool isText(std::string_view bytes) noexcept {
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return isSpace(c) || isPrintable(c); });
 }
 
+/// Which editors put in front of a text in UTF-8.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+inline bool beginsWithMark(std::string_view text) noexcept {
+    return text.substr(0, kByteOrderMark.size()) == kByteOrderMark;
+}
+
+inline void skipByteOrderMark(std::string_view& text) noexcept {
+    if (beginsWithMark(text))
+        text.remove_prefix(kByteOrderMark.size());
+}
+
 /// `wanted` is made of small letters.
 inline bool equalsIgnoringCase(std::string_view text, std::string_view wanted) noexcept {
     return text.size() == wanted.size() &&

@@ -160,7 +160,7 @@ TEST_F(Translator, ReadsAscii) {
     std::string const second = facet("1.0e0 0 -0", "+1 1500E-3 1e-60", "0 1.5 0");
     EXPECT_EQ(run("solid\n" + first + second + "endsolid a name\n"), 0U);
     EXPECT_EQ(output(), kSquareObj);
-    EXPECT_EQ(run("  SOLID\r\n" + first + "ENDSOLID\r\nsolid\n" + second + "endsolid"), 0U);
+    EXPECT_EQ(run("\xEF\xBB\xBF  SOLID\r\n" + first + "ENDSOLID\r\nsolid\n" + second + "endsolid"), 0U);
     EXPECT_EQ(output(), kSquareObj);
     EXPECT_EQ(run("solid nothing\nendsolid nothing\n"), 0U); // "No Entity to Translate"
     EXPECT_EQ(output(), "");
@@ -247,6 +247,7 @@ TEST_F(Translator, BadInputIsOneErrorAndNoOutput) {
         {"solid x\nfacet nromal", "\"nromal\" where \"normal\" should follow (byte offset 14)"},
         {"solid " + std::string(300000, 'x'), "a name is longer than 262144 bytes (byte offset 5)"},
         {"solid x\nendsolid x\ntrailing", "\"trailing\" where \"solid\" should follow (byte offset 19)"},
+        {"\xEF\xBB\xBFsolid x\nfacet nromal", "\"nromal\" where \"normal\" should follow (byte offset 17)"},
     };
     for (auto const& row : rows) {
         EXPECT_EQ(run(row.contents), 21U);

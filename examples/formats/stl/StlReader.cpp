@@ -44,9 +44,10 @@ std::string StlReader::description(Found const& found) const {
 /// Binary headers may begin with "solid" too: the size decides where it fits a count, and otherwise
 /// whether the beginning is text.
 bool StlReader::isAscii() {
-    std::string_view const start = in_.lookAhead(1024).substr(0, 1024);
+    std::string_view start = in_.lookAhead(1024).substr(0, 1024);
     if (start.size() >= kStlHeaderSize && size_ == kStlHeaderSize + kStlFacetSize * std::int64_t{countIn(start)})
         return false;
+    skipByteOrderMark(start);
     return equalsIgnoringCase(trimmed(start).substr(0, 5), "solid") && isText(start);
 }
 
@@ -150,6 +151,8 @@ KOVIResult StlReader::readName(std::string& name) {
 }
 
 KOVIResult StlReader::readAscii(ModelSink& sink) {
+    if (beginsWithMark(in_.lookAhead(static_cast<int>(kByteOrderMark.size()))))
+        in_.take(kByteOrderMark.size());
     sink.reserve(static_cast<std::size_t>(std::max(size_, 0LL) / kShortestFacet));
     ShellBuilder shells(sink);
     std::string name;
