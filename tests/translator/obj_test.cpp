@@ -62,7 +62,7 @@ protected:
 TEST_F(Obj, Reads) {
     std::string const square = "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\n";
     std::string const fan = square + "f 1 2 3\nf 1 3 4\n";
-    std::string const normals = "vn 0 0 2 7\nvn 0.6 0 0.8\n";
+    std::string const normals = "vn 0 0 2 7\nvn 0.6 -0 0.8\n";
     std::string const fanWithNormals = square + "vn 0 0 1\nvn 0.6 0 0.8\nf 1//1 2//1 3//2\nf 1//1 3//2 4//1\n";
     struct {
         std::string contents, obj;

@@ -102,7 +102,7 @@ TEST_F(Ply, ReadsText) {
              lines("end_header", "0 0 0 -1 1 1", "1 0 0 2 256 2", "0 1 0 3 3 3", "3 0 1 2"),
          kTriangle},
         {kAscii + vertices + "property float nx\nproperty float ny\nproperty float nz\n" + kFaces +
-             lines("end_header", "0 0 0 0 0.25 1", "1 0 0 1e30 0 -1", "0 1 0 nan 0 1", "3 0 1 2"),
+             lines("end_header", "0 0 0 0 0.25 1", "1 0 0 1e30 -0 -1", "0 1 0 nan 0 1", "3 0 1 2"),
          written("property float nx\nproperty float ny\nproperty float nz\n",
                  {"0 0 0 0 0.25 1", "1 0 0 1e+30 0 -1", "0 1 0 0 0 0"}, {"0 1 2"})},
         // Equal corners of different colours are different vertices.

@@ -73,8 +73,10 @@ void PlyWriter::writeVertex(std::size_t index) {
     Look const& look = this->look(index);
     char* to = out_.room(kLongestRecord);
     to = put(put(put(to, position.x), position.y), position.z);
-    if (hasAny(kNormals))
-        to = put(put(put(to, look.normal.x), look.normal.y), look.normal.z);
+    if (hasAny(kNormals)) {
+        Vertex const normal = withoutMinusZero(look.normal);
+        to = put(put(put(to, normal.x), normal.y), normal.z);
+    }
     if (hasAny(kColors)) {
         Vertex const color = isColor(look.color) ? look.color : kWhite;
         to = put(put(put(to, step(color.x)), step(color.y)), step(color.z));
