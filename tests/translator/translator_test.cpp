@@ -337,6 +337,16 @@ TEST_F(Translator, UnitsAndPlacements) {
         KOVAAssemblyComponentTransform placement;
         EXPECT_FALSE(toolkit::readPlacement(text, placement)) << text;
     }
+    // A name that states the unit goes on to be right.
+    folder.write("in.stl", "solid a (Units: MM)\n" + facet("0 0 0", "1 0 0", "0 1 0") + "endsolid\n");
+    toolkit::Job ascii{"translations/in.stl", "translations/ascii.stl"};
+    ascii.toUnit = "cm";
+    ascii.options.Add("/STL/Export/Ascii", true);
+    EXPECT_EQ(toolkit::translate(formats_, ascii).GetReturnCode(), 0U);
+    EXPECT_EQ(folder.read("ascii.stl").rfind("solid a (Units: centimeter)\n", 0), 0U);
+    EXPECT_EQ(translate("ascii.stl", "out.obj"), 0U);
+    EXPECT_EQ(output().rfind("# units = centimeter\nv 0 0 0\nv 0.1 0 0\n", 0), 0U);
+
     folder.write("in.obj", "v 1e38 0 0\nv 0 1 0\nv 0 0 1\nf 1 2 3\n");
     toolkit::Job job{"translations/in.obj", "translations/none.obj"};
     job.fromUnit = "km";
