@@ -30,6 +30,9 @@ inline bool operator==(Corner const& a, Corner const& b) noexcept {
     return a.position == b.position && a.look == b.look;
 }
 
+/// Throws std::length_error where 32 bits cannot count one more than so many.
+void requireCountable(std::size_t vertices);
+
 /// Different items in the order of first appearance. Only exactly equal ones are one; nothing is rounded, and an
 /// item keeps the bits of the first that was added. The upper half of its hashCode() is what counts.
 template <class Item> class NumberTable {

@@ -12,6 +12,10 @@ std::optional<std::size_t> WeldingWriter::vertices() const {
     return grid_ || dropped() > 0 ? std::nullopt : std::make_optional(size());
 }
 
+std::string WeldingWriter::counts() const {
+    return std::to_string(faces_.size()) + " faces, " + std::to_string(size()) + " vertices";
+}
+
 void WeldingWriter::reserve(std::size_t triangles) {
     faces_.reserve(triangles);
     // A closed surface has half as many vertices as triangles.

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "ModelWriter.h"
@@ -51,6 +52,8 @@ protected:
         return number == 0 ? plain_ : looks_.items()[number - 1];
     }
     std::vector<Face> const& faces() const noexcept { return faces_; }
+    /// "2 faces, 4 vertices"
+    std::string counts() const;
     /// Whether any vertex came with this. Alphas count where they are not 1, and even if they are not kept.
     bool hasAny(unsigned what) const noexcept { return (known_ & what) != 0; }
 

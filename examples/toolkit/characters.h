@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 namespace toolkit {
@@ -16,6 +17,23 @@ inline bool isPrintable(char c) noexcept {
 
 inline bool isText(std::string_view bytes) noexcept {
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return isSpace(c) || isPrintable(c); });
+}
+
+inline std::string_view trimmed(std::string_view text) noexcept {
+    while (!text.empty() && isSpace(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isSpace(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+/// Takes the first word; empty where there is none.
+inline std::string_view takeWord(std::string_view& text) noexcept {
+    text = trimmed(text);
+    char const* const end = std::find_if(text.data(), text.data() + text.size(), isSpace);
+    std::string_view const word = text.substr(0, static_cast<std::size_t>(end - text.data()));
+    text.remove_prefix(word.size());
+    return word;
 }
 
 /// Which editors put in front of a text in UTF-8.
@@ -34,14 +52,6 @@ inline void skipByteOrderMark(std::string_view& text) noexcept {
 inline bool equalsIgnoringCase(std::string_view text, std::string_view wanted) noexcept {
     return text.size() == wanted.size() &&
            std::equal(text.begin(), text.end(), wanted.begin(), [](char a, char b) { return (a | 0x20) == b; });
-}
-
-inline std::string_view trimmed(std::string_view text) noexcept {
-    while (!text.empty() && isSpace(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isSpace(text.back()))
-        text.remove_suffix(1);
-    return text;
 }
 
 } // namespace toolkit

@@ -226,9 +226,8 @@ void ObjWriter::finish() {
 }
 
 std::string ObjWriter::description() const {
-    std::string const normals = std::to_string(normalTable_.items().size()) + " normals";
-    return "OBJ, " + std::to_string(faces().size()) + " faces, " + std::to_string(size()) + " vertices" +
-           (normalTable_.items().empty() ? "" : ", " + normals);
+    std::size_t const normals = normalTable_.items().size();
+    return "OBJ, " + counts() + (normals == 0 ? "" : ", " + std::to_string(normals) + " normals");
 }
 
 } // namespace toolkit

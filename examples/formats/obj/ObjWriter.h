@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>

@@ -30,7 +30,7 @@ void PlyWriter::begin(Part const& /*part*/, Material const* material) {
 
 template <class Number> char* PlyWriter::put(char* to, Number value) const noexcept {
     if (encoding_ != PlyEncoding::Ascii)
-        return storeNumber(to, value, encoding_ == PlyEncoding::Big ? ByteOrder::Big : ByteOrder::Little);
+        return storeNumber(to, value, orderOf(encoding_));
     if constexpr (std::is_same_v<Number, float>)
         to = putDigits(to, value, digits_);
     else
@@ -103,8 +103,7 @@ void PlyWriter::finish() {
 }
 
 std::string PlyWriter::description() const {
-    return std::string(nameOf(encoding_)) + ", " + std::to_string(faces().size()) + " faces, " +
-           std::to_string(size()) + " vertices";
+    return std::string(nameOf(encoding_)) + ", " + counts();
 }
 
 } // namespace toolkit

@@ -51,7 +51,8 @@ bool StlReader::isAscii() {
     return equalsIgnoringCase(trimmed(start).substr(0, 5), "solid") && isText(start);
 }
 
-KOVIResult StlReader::readBinary(ModelSink& sink) {
+/// Takes the header, which must fit the file's size.
+KOVIResult StlReader::readBinaryHeader(long long& count) {
     if (size_ < 0)
         return fail(kInvalidFile, file_, kNowhere,
                     "binary STL is read from a file that tells its size, not from a pipe");
@@ -60,7 +61,7 @@ KOVIResult StlReader::readBinary(ModelSink& sink) {
         return fail(kInvalidFile, file_, atByte(static_cast<long long>(header.size())),
                     "neither ASCII nor binary STL: it ends within the header");
     takeHeaderText(header.substr(0, std::min<std::size_t>(header.find('\0'), kStlCountAt)));
-    long long const count = countIn(header);
+    count = countIn(header);
     long long const wanted = kStlHeaderSize + kStlFacetSize * count;
     if (size_ < wanted)
         return fail(kInvalidFile, file_, atByte(kStlCountAt), "%lld triangles need %lld bytes, but the file has %lld",
@@ -69,6 +70,14 @@ KOVIResult StlReader::readBinary(ModelSink& sink) {
         return fail(kInvalidFile, file_, atByte(wanted), "%lld bytes follow the last of %lld triangles", size_ - wanted,
                     count);
     in_.take(kStlHeaderSize);
+    return kSuccess;
+}
+
+KOVIResult StlReader::readBinary(ModelSink& sink) {
+    long long count = 0;
+    KOVIResult const result = readBinaryHeader(count);
+    if (result.IsFailure())
+        return result;
     sink.reserve(static_cast<std::size_t>(count));
     ShellBuilder shells(sink);
     for (long long i = 0; i < count; ++i) {
