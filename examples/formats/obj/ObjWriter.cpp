@@ -161,13 +161,13 @@ void ObjWriter::writeFaces(std::size_t begin, std::size_t end) {
 /// Nothing can tell parts without a name apart.
 bool ObjWriter::beginsAgain(Part const& part, std::string const& groups) {
     int& number = objectNumbers_[part.name];
-    auto const known = [&]() -> Part const*& {
+    auto const latest = [&]() -> Part const*& {
         return parts_[part.name + '\n' + std::to_string(number) + '\n' + groups];
     };
-    bool const isAnother = !part.name.empty() && known() && known() != &part;
+    bool const isAnother = !part.name.empty() && latest() && latest() != &part;
     if (isAnother)
         ++number;
-    known() = &part;
+    latest() = &part;
     return isAnother;
 }
 
