@@ -56,8 +56,8 @@ private:
 /// writer, and nobody holds more of it than they have to.
 ///
 /// The shell's key is the part's, its pass counts the pieces of the whole model. Its face list has three point
-/// numbers a triangle. It has as many normals and colours as points, or none. Its arrays belong to who sends it,
-/// and are gone afterwards.
+/// numbers a triangle. It has as many normals and colours as points, or none; where only some points have a colour, the
+/// others have kNoColor (color.h). Its arrays belong to who sends it, and are gone afterwards.
 struct Piece {
     Part& part;
     Material const* material; ///< null for none

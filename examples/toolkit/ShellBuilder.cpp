@@ -4,6 +4,8 @@
 #include <numeric>
 #include <utility>
 
+#include "color.h"
+
 namespace toolkit {
 
 ShellBuilder::ShellBuilder(ModelSink& sink) : sink_(sink), points_(9 * kMostTriangles), faces_(3 * kMostTriangles) {}
@@ -32,8 +34,9 @@ void ShellBuilder::makeRoom(bool normals, bool colors) {
 void ShellBuilder::putColors(KOVARGBColor const* colors) {
     for (std::size_t corner = 0; corner < 3; ++corner) {
         std::size_t const at = 3 * triangles_ + corner;
-        float rgba[4];
-        colors[corner].GetRGBA(rgba);
+        float rgba[4] = {kNoColor.x, kNoColor.y, kNoColor.z, 1};
+        if (colors[corner].IsValid())
+            colors[corner].GetRGBA(rgba);
         std::copy_n(rgba, 3, colors_.begin() + static_cast<std::ptrdiff_t>(3 * at));
         alphas_[at] = rgba[3];
         isOpaque_ = isOpaque_ && rgba[3] == 1;

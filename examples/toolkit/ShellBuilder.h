@@ -31,7 +31,7 @@ public:
         put(points_, a, b, c);
         ++triangles_;
     }
-    /// The same with what belongs to each corner; null for none. The colours must be valid.
+    /// The same with what belongs to each corner; null for none. A corner whose colour is not valid has none.
     void triangle(Vertex const (&corners)[3], Vertex const* normals, KOVARGBColor const* colors);
 
     /// Sends what waits. What waits when this goes is lost.

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "Model.h"
+#include "color.h"
 #include "geometry.h"
 
 namespace toolkit {
@@ -29,6 +30,7 @@ public:
 
     std::size_t size() const noexcept { return size_; }
     bool hasNormals() const noexcept { return normals_ != nullptr; }
+    /// Of some corners.
     bool hasColors() const noexcept { return colors_ != nullptr; }
     /// Without them all colours are wholly opaque.
     bool hasAlphas() const noexcept { return alphas_ != nullptr; }
@@ -36,7 +38,10 @@ public:
     // Of a triangle's corner, 0 to 2.
     Vertex position(std::size_t triangle, int corner) const noexcept { return at(points_, triangle, corner); }
     Vertex normal(std::size_t triangle, int corner) const noexcept { return at(normals_, triangle, corner); }
-    Vertex color(std::size_t triangle, int corner) const noexcept { return at(colors_, triangle, corner); }
+    /// kNoColor where it has none.
+    Vertex color(std::size_t triangle, int corner) const noexcept {
+        return hasColors() ? at(colors_, triangle, corner) : kNoColor;
+    }
     float alpha(std::size_t triangle, int corner) const noexcept { return alphas_[point(triangle, corner)]; }
 
 private:

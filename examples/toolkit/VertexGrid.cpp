@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <stdexcept>
 
+#include "VertexTable.h"
 #include "bytes.h"
 
 namespace toolkit {
@@ -67,8 +67,7 @@ std::uint32_t VertexGrid::add(Vertex const& v) {
     std::uint32_t const found = find(v);
     if (found != 0)
         return found;
-    if (vertices_.size() == std::numeric_limits<std::uint32_t>::max())
-        throw std::length_error("more than 4294967295 different vertices");
+    requireCountable(vertices_.size());
     if (vertices_.size() == heads_.size())
         grow();
     vertices_.push_back(v);

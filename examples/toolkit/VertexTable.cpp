@@ -31,6 +31,11 @@ std::uint64_t hashCode(Corner const& corner) noexcept {
 
 } // namespace
 
+void requireCountable(std::size_t vertices) {
+    if (vertices == std::numeric_limits<std::uint32_t>::max())
+        throw std::length_error("more than 4294967295 different vertices");
+}
+
 template <class Item> NumberTable<Item>::NumberTable() : slots_(1024) {}
 
 template <class Item> std::size_t NumberTable<Item>::firstSlot(Item const& item) const noexcept {
@@ -43,8 +48,7 @@ template <class Item> std::uint32_t NumberTable<Item>::add(Item const& item) {
         if (items_[slots_[slot] - 1] == item)
             return slots_[slot];
     }
-    if (items_.size() == std::numeric_limits<std::uint32_t>::max())
-        throw std::length_error("more than 4294967295 different vertices");
+    requireCountable(items_.size());
     items_.push_back(item);
     std::uint32_t const number = static_cast<std::uint32_t>(items_.size());
     slots_[slot] = number;

@@ -4,22 +4,20 @@
 #include <cstdint>
 #include <vector>
 
+#include "color.h"
 #include "geometry.h"
 
 namespace toolkit {
 
 /// What a corner has beside its position.
 struct Look {
-    bool hasColor = false;
-    bool hasNormal = false;
-    Vertex color{};  ///< red, green and blue from 0 to 1
-    float alpha = 1; ///< of the colour: how opaque it is
-    Vertex normal{};
+    Vertex color = kNoColor;
+    float alpha = 1;    ///< of the colour: how opaque it is
+    Vertex normal = {}; ///< all zeros for none
 };
 
 inline bool operator==(Look const& a, Look const& b) noexcept {
-    return a.hasColor == b.hasColor && a.hasNormal == b.hasNormal && a.color == b.color && a.alpha == b.alpha &&
-           a.normal == b.normal;
+    return a.color == b.color && a.alpha == b.alpha && a.normal == b.normal;
 }
 
 /// A position and a look, by their numbers from 1; look 0 is none.
@@ -31,6 +29,9 @@ struct Corner {
 inline bool operator==(Corner const& a, Corner const& b) noexcept {
     return a.position == b.position && a.look == b.look;
 }
+
+/// Throws std::length_error where 32 bits cannot count one more than so many.
+void requireCountable(std::size_t vertices);
 
 /// Different items in the order of first appearance. Only exactly equal ones are one; nothing is rounded, and an
 /// item keeps the bits of the first that was added. The upper half of its hashCode() is what counts.

@@ -12,6 +12,10 @@ std::optional<std::size_t> WeldingWriter::vertices() const {
     return grid_ || dropped() > 0 ? std::nullopt : std::make_optional(size());
 }
 
+std::string WeldingWriter::counts() const {
+    return std::to_string(faces_.size()) + " faces, " + std::to_string(size()) + " vertices";
+}
+
 void WeldingWriter::reserve(std::size_t triangles) {
     faces_.reserve(triangles);
     // A closed surface has half as many vertices as triangles.
@@ -24,7 +28,6 @@ void WeldingWriter::setColor(KOVARGBColor const* color) {
         return;
     float rgba[4];
     color->GetRGBA(rgba);
-    base_.hasColor = true;
     base_.color = {rgba[0], rgba[1], rgba[2]};
     base_.alpha = rgba[3];
 }
@@ -39,15 +42,20 @@ void WeldingWriter::beginLooks() {
 
 std::uint32_t WeldingWriter::lookOf(Triangles const& triangles, std::size_t triangle, int corner) {
     Look look = base_;
-    if ((kept_ & kColors) != 0 && triangles.hasColors()) {
-        look.hasColor = true;
-        look.color = triangles.color(triangle, corner);
+    Vertex const color = triangles.color(triangle, corner);
+    if (keeps(kColors) && isColor(color)) {
+        look.color = color;
         if (triangles.hasAlphas())
             look.alpha = triangles.alpha(triangle, corner);
     }
-    if ((kept_ & kNormals) != 0 && triangles.hasNormals()) {
-        look.hasNormal = true;
+    known_ |= (isColor(look.color) ? kColors : 0) | (look.alpha != 1 ? kAlphas : 0);
+    if (!keeps(kAlphas))
+        look.alpha = 1;
+    if (keeps(kWhiteForNone) && look.color == kWhite)
+        look.color = kNoColor;
+    if (keeps(kNormals) && triangles.hasNormals()) {
         look.normal = triangles.normal(triangle, corner);
+        known_ |= kNormals;
     }
     return look == plain_ ? 0 : looks_.add(look);
 }
@@ -62,8 +70,8 @@ WeldingWriter::Face WeldingWriter::withLooks(Face const& at, Triangles const& tr
 }
 
 void WeldingWriter::write(Triangles const& triangles) {
-    unsigned const come = (triangles.hasColors() ? kColors : 0) | (triangles.hasNormals() ? kNormals : 0);
-    if (!hasLooks_ && ((come & kept_) != 0 || base_.hasColor))
+    bool const areColored = keeps(kColors) && (triangles.hasColors() || isColor(base_.color));
+    if (!hasLooks_ && (areColored || (keeps(kNormals) && triangles.hasNormals())))
         beginLooks();
     for (std::size_t i = 0; i < triangles.size(); ++i) {
         std::size_t const before = positions().size();

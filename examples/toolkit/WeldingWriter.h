@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "ModelWriter.h"
@@ -19,6 +20,9 @@ public:
     // What is kept beside positions.
     static constexpr unsigned kColors = 1;
     static constexpr unsigned kNormals = 2;
+    static constexpr unsigned kAlphas = 4; ///< of the colours
+    /// Corners without a colour are written white, so they are no other vertices than white ones.
+    static constexpr unsigned kWhiteForNone = 8;
 
     explicit WeldingWriter(Settings const& settings, unsigned kept = 0);
 
@@ -48,10 +52,15 @@ protected:
         return number == 0 ? plain_ : looks_.items()[number - 1];
     }
     std::vector<Face> const& faces() const noexcept { return faces_; }
+    /// "2 faces, 4 vertices"
+    std::string counts() const;
+    /// Whether any vertex came with this. Alphas count where they are not 1, and even if they are not kept.
+    bool hasAny(unsigned what) const noexcept { return (known_ & what) != 0; }
 
 private:
     std::vector<Vertex> const& positions() const noexcept { return grid_ ? grid_->vertices() : table_.items(); }
     std::uint32_t number(Vertex const& corner) { return grid_ ? grid_->add(corner) : table_.add(corner); }
+    bool keeps(unsigned what) const noexcept { return (kept_ & what) != 0; }
     void beginLooks();
     std::uint32_t lookOf(Triangles const& triangles, std::size_t triangle, int corner);
     Face withLooks(Face const& at, Triangles const& triangles, std::size_t triangle);
@@ -61,6 +70,7 @@ private:
     void removeFrom(std::size_t count);
 
     unsigned kept_;
+    unsigned known_ = 0; ///< what vertices came with
     VertexTable table_;
     std::optional<VertexGrid> grid_; ///< in place of the table where near vertices are one
     std::vector<Face> faces_;

@@ -31,22 +31,26 @@ inline Vector areaVector(Vertex const& a, Vertex const& b, Vertex const& c) noex
     return {uy * vz - uz * vy, uz * vx - ux * vz, ux * vy - uy * vx};
 }
 
+/// With 0 in place of -0, and otherwise the same bits.
+inline Vertex withoutMinusZero(Vertex const& v) noexcept {
+    return {v.x + 0.0F, v.y + 0.0F, v.z + 0.0F};
+}
+
 /// Of length 1 in the same direction; all zeros for a vector without length.
 inline Vertex unit(Vector const& v) noexcept {
     double const length = std::sqrt(v.x * v.x + v.y * v.y + v.z * v.z);
     if (length == 0)
         return {};
-    // What is added makes 0 of -0.
-    return {static_cast<float>(v.x / length) + 0.0F, static_cast<float>(v.y / length) + 0.0F,
-            static_cast<float>(v.z / length) + 0.0F};
+    return withoutMinusZero(
+        {static_cast<float>(v.x / length), static_cast<float>(v.y / length), static_cast<float>(v.z / length)});
 }
 
-/// The same. What has this length already, but for rounding, keeps its bits.
+/// The same. What has this length already, but for rounding, keeps its bits, except that -0 becomes 0.
 inline Vertex unit(Vertex const& v) noexcept {
     constexpr double kRounding = 1e-6;
     Vector const wide = {v.x, v.y, v.z};
     double const square = wide.x * wide.x + wide.y * wide.y + wide.z * wide.z;
-    return std::fabs(square - 1) <= kRounding ? v : unit(wide);
+    return std::fabs(square - 1) <= kRounding ? withoutMinusZero(v) : unit(wide);
 }
 
 /// Of length 1, to the side from which the corners turn left; all zeros for a triangle without area.

@@ -62,7 +62,7 @@ protected:
 TEST_F(Obj, Reads) {
     std::string const square = "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\n";
     std::string const fan = square + "f 1 2 3\nf 1 3 4\n";
-    std::string const normals = "vn 0 0 2 7\nvn 0.6 0 0.8\n";
+    std::string const normals = "vn 0 0 2 7\nvn 0.6 -0 0.8\n";
     std::string const fanWithNormals = square + "vn 0 0 1\nvn 0.6 0 0.8\nf 1//1 2//1 3//2\nf 1//1 3//2 4//1\n";
     struct {
         std::string contents, obj;
@@ -86,14 +86,22 @@ TEST_F(Obj, Reads) {
         {square + "g a#\\ \nf 1 2 3\no b\ng c\tc\x01 c\nf 1 3 4\n",
          square + "g a#\\ \nf 1 2 3\no b\ng c c?\nf 1 3 4\n"},
         {square + "g x y\nf 1 2 3\no b\nf 1 3 4\ng\nf 1 2 4\no\nf 2 3 4\ng y x\nf 1 1 1\n",
-         square + "g x y\nf 1 2 3\no b\ng x y\nf 1 3 4\no b\ng\nf 1 2 4\no\nf 2 3 4\ng x y\nf 1 1 1\n"},
-        // Colours are six numbers; a vertex without one is white beside one that has.
-        {"v 0 0 0 1 0 .5\nv 1 0 0 1 1 1 9\nv 1 1 0\nv 0 1 0\nf 1 2 3\nf 2 3 4\n",
-         "v 0 0 0 1 0 0.5\nv 1 0 0 1 1 1\nv 1 1 0 1 1 1\nv 1 0 0\nv 1 1 0\nv 0 1 0\nf 1 2 3\nf 4 5 6\n"},
+         square + "g x y\nf 1 2 3\no b\nf 1 3 4\ng\nf 1 2 4\no\nf 2 3 4\ng x y\nf 1 1 1\n"},
+        // The same name right behind its faces is another object; without a name nothing is.
+        {square +
+             "o a\no a\ng x\nf 1 2 3\ng y\nf 1 3 4\no a\nf 1 2 4\ng x\nf 2 3 4\ng y\nf 3 2 1\no\nf 4 3 1\no\nf 4 2 1\n",
+         square + "o a\ng x\nf 1 2 3\ng y\nf 1 3 4\no a\nf 1 2 4\ng x\nf 2 3 4\ng y\nf 3 2 1\no\nf 4 3 1\nf 4 2 1\n"},
+        {square + "o a\ng x\nf 1 2 3\no b\nf 1 3 4\no a\ng y\nf 1 2 4\no a\ng x\nf 2 3 4\n",
+         square + "o a\ng x\nf 1 2 3\no b\nf 1 3 4\no a\ng y\nf 1 2 4\no a\ng x\nf 2 3 4\n"},
+        // Colours are six numbers; a vertex without one stays so, and is shared, beside one that has.
+        {"v 0 0 0 1 0 .5\nv 1 0 0 1 1 1 9\nv 1 1 0\nv 0 1 0\nf 2 3 4\nf 1 2 3\nf 2 3 4\nv 1 1 0 1 1 1\nf 5 3 1\n",
+         "v 1 0 0\nv 1 1 0\nv 0 1 0\nv 0 0 0 1 0 0.5\nv 1 1 0 1 1 1\nf 1 2 3\nf 4 1 2\nf 1 2 3\nf 5 2 4\n"},
     };
     for (auto const& row : rows) {
         EXPECT_EQ(run(row.contents), 0U) << row.contents;
         EXPECT_EQ(folder_.read("out.obj"), row.obj) << row.contents;
+        EXPECT_EQ(translate(job("again.obj", "out.obj")), 0U);
+        EXPECT_EQ(folder_.read("again.obj"), row.obj);
     }
 }
 

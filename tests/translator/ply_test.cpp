@@ -102,7 +102,7 @@ TEST_F(Ply, ReadsText) {
              lines("end_header", "0 0 0 -1 1 1", "1 0 0 2 256 2", "0 1 0 3 3 3", "3 0 1 2"),
          kTriangle},
         {kAscii + vertices + "property float nx\nproperty float ny\nproperty float nz\n" + kFaces +
-             lines("end_header", "0 0 0 0 0.25 1", "1 0 0 1e30 0 -1", "0 1 0 nan 0 1", "3 0 1 2"),
+             lines("end_header", "0 0 0 0 0.25 1", "1 0 0 1e30 -0 -1", "0 1 0 nan 0 1", "3 0 1 2"),
          written("property float nx\nproperty float ny\nproperty float nz\n",
                  {"0 0 0 0 0.25 1", "1 0 0 1e+30 0 -1", "0 1 0 0 0 0"}, {"0 1 2"})},
         // Equal corners of different colours are different vertices.
@@ -272,6 +272,32 @@ TEST_F(Ply, WritesColorsOfMaterials) {
         EXPECT_TRUE(file.complete() && file.keep());
         std::string const alpha = rows.size() == clear.size() ? "property uchar alpha\n" : "";
         EXPECT_EQ(folder.read("out.ply"), written(kRgb + alpha, vertices, faces));
+    }
+}
+
+TEST_F(Ply, ColorsComeFromObjAndGoThere) {
+    struct {
+        std::string from, contents, to, written;
+        std::string warning;
+    } const rows[] = {
+        // A vertex without a colour is written white, so it is no other than a white one.
+        {"part.obj", "v 0 0 0 1 0 0\nv 1 0 0\nv 0 1 0\nv 1 0 0 1 1 1\nf 1 2 3\nf 1 4 3\n", "part.ply",
+         written(kRgb, {"0 0 0 255 0 0", "1 0 0 255 255 255", "0 1 0 255 255 255"}, {"0 1 2", "0 1 2"}), ""},
+        // What differs in alpha alone is one vertex where there is none.
+        {"clear.ply",
+         kAscii + "element vertex 5\n" + kXyz + kRgb + "property uchar alpha\nelement face 2\n" +
+             lines("property list uchar int vertex_indices", "end_header", "0 0 0 255 0 0 255", "1 0 0 0 0 0 0",
+                   "0 1 0 0 0 0 0", "1 0 0 0 0 0 1", "0 1 0 0 0 0 255", "3 0 1 2", "3 0 4 3"),
+         "clear.obj", "v 0 0 0 1 0 0\nv 1 0 0 0 0 0\nv 0 1 0 0 0 0\nf 1 2 3\nf 1 3 2\n",
+         "70 Warning : ply/clear.obj: the alphas of vertices are left out: OBJ has none\n"},
+    };
+    for (auto const& row : rows) {
+        folder.write(row.from, row.contents);
+        EXPECT_EQ(translate(row.from, row.to), 0U);
+        EXPECT_EQ(folder.read(row.to), row.written);
+        std::string warnings;
+        for (std::string const& event : events_.events) warnings += event[0] == '7' ? event : "";
+        EXPECT_EQ(warnings, row.warning);
     }
 }
 

@@ -160,7 +160,7 @@ TEST_F(Translator, ReadsAscii) {
     std::string const second = facet("1.0e0 0 -0", "+1 1500E-3 1e-60", "0 1.5 0");
     EXPECT_EQ(run("solid\n" + first + second + "endsolid a name\n"), 0U);
     EXPECT_EQ(output(), kSquareObj);
-    EXPECT_EQ(run("  SOLID\r\n" + first + "ENDSOLID\r\nsolid\n" + second + "endsolid"), 0U);
+    EXPECT_EQ(run("\xEF\xBB\xBF  SOLID\r\n" + first + "ENDSOLID\r\nsolid\n" + second + "endsolid"), 0U);
     EXPECT_EQ(output(), kSquareObj);
     EXPECT_EQ(run("solid nothing\nendsolid nothing\n"), 0U); // "No Entity to Translate"
     EXPECT_EQ(output(), "");
@@ -191,30 +191,31 @@ TEST_F(Translator, EveryFloatComesBack) {
 
 TEST_F(Translator, WritesStl) {
     folder.write("in.obj", "v 0 0 0\nv 2 0 0\nv 0 2 0\nv 0 0 -2.5\n"
-                           "f 1 2 3\no one part\nf 1 4 3\ng empty\no\ng\nf 1 1 2\n");
+                           "f 1 2 3\no one part\nf 1 4 3\no one part\nf 1 4 3\ng empty\no\ng\nf 1 1 2\n");
     EXPECT_EQ(translate("in.obj", "ascii.stl"), 0U);
     auto const facet = [](char const* normal, char const* second, char const* third) {
         return std::string("  facet normal ") + normal + "\n    outer loop\n      vertex 0 0 0\n      vertex " +
                second + "\n      vertex " + third + "\n    endloop\n  endfacet\n";
     };
-    std::string const text = "solid\n" + facet("0 0 1", "2 0 0", "0 2 0") + "endsolid\nsolid one part\n" +
-                             facet("1 0 0", "0 0 -2.5", "0 2 0") + "endsolid one part\nsolid\n" +
+    std::string const part = "solid one part\n" + facet("1 0 0", "0 0 -2.5", "0 2 0") + "endsolid one part\n";
+    std::string const text = "solid\n" + facet("0 0 1", "2 0 0", "0 2 0") + "endsolid\n" + part + part + "solid\n" +
                              facet("0 0 0", "0 0 0", "2 0 0") + "endsolid\n";
     EXPECT_EQ(folder.read("ascii.stl"), text);
-    EXPECT_EQ(events_.events, (Texts{"50 translations/in.obj: OBJ, 3 faces, 3 triangles, 4 vertices\n",
+    EXPECT_EQ(events_.events, (Texts{"50 translations/in.obj: OBJ, 4 faces, 4 triangles, 4 vertices\n",
                                      "50 translations/in.obj: bounding box (0, 0, -2.5) to (2, 2, 0)\n",
-                                     "50 translations/in.obj: surface area 4.5, not closed, unit unknown\n",
-                                     "50 translations/ascii.stl: ASCII STL, 3 triangles, " +
+                                     "50 translations/in.obj: surface area 7, not closed, unit unknown\n",
+                                     "50 translations/ascii.stl: ASCII STL, 4 triangles, " +
                                          std::to_string(text.size()) + " bytes\n"}));
     // Parts go to OBJ and come back.
     EXPECT_EQ(translate("ascii.stl", "out.obj"), 0U);
-    EXPECT_EQ(output(), "v 0 0 0\nv 2 0 0\nv 0 2 0\nv 0 0 -2.5\nf 1 2 3\no one part\nf 1 4 3\no\nf 1 1 2\n");
+    EXPECT_EQ(output(),
+              "v 0 0 0\nv 2 0 0\nv 0 2 0\nv 0 0 -2.5\nf 1 2 3\no one part\nf 1 4 3\no one part\nf 1 4 3\no\nf 1 1 2\n");
     EXPECT_EQ(translate("out.obj", "ascii.stl"), 0U);
     EXPECT_EQ(folder.read("ascii.stl"), text);
     EXPECT_EQ(translate("ascii.stl", "out.stl"), 0U);
-    EXPECT_EQ(events_.events[3], "50 translations/out.stl: binary STL, 3 triangles, 234 bytes\n");
+    EXPECT_EQ(events_.events[3], "50 translations/out.stl: binary STL, 4 triangles, 284 bytes\n");
     EXPECT_EQ(folder.read("out.stl").substr(134, 12), bytesOf(Corners{1, 0, 0}.data(), 12));
-    EXPECT_EQ(events_.events[0], "50 translations/ascii.stl: ASCII STL, 3 triangles\n");
+    EXPECT_EQ(events_.events[0], "50 translations/ascii.stl: ASCII STL, 4 triangles\n");
 
     folder.write("in.obj", "o none\n");
     EXPECT_EQ(translate("in.obj", "ascii.stl"), 0U);
@@ -246,6 +247,7 @@ TEST_F(Translator, BadInputIsOneErrorAndNoOutput) {
         {"solid x\nfacet nromal", "\"nromal\" where \"normal\" should follow (byte offset 14)"},
         {"solid " + std::string(300000, 'x'), "a name is longer than 262144 bytes (byte offset 5)"},
         {"solid x\nendsolid x\ntrailing", "\"trailing\" where \"solid\" should follow (byte offset 19)"},
+        {"\xEF\xBB\xBFsolid x\nfacet nromal", "\"nromal\" where \"normal\" should follow (byte offset 17)"},
     };
     for (auto const& row : rows) {
         EXPECT_EQ(run(row.contents), 21U);
@@ -335,6 +337,16 @@ TEST_F(Translator, UnitsAndPlacements) {
         KOVAAssemblyComponentTransform placement;
         EXPECT_FALSE(toolkit::readPlacement(text, placement)) << text;
     }
+    // A name that states the unit goes on to be right.
+    folder.write("in.stl", "solid a (Units: MM)\n" + facet("0 0 0", "1 0 0", "0 1 0") + "endsolid\n");
+    toolkit::Job ascii{"translations/in.stl", "translations/ascii.stl"};
+    ascii.toUnit = "cm";
+    ascii.options.Add("/STL/Export/Ascii", true);
+    EXPECT_EQ(toolkit::translate(formats_, ascii).GetReturnCode(), 0U);
+    EXPECT_EQ(folder.read("ascii.stl").rfind("solid a (Units: centimeter)\n", 0), 0U);
+    EXPECT_EQ(translate("ascii.stl", "out.obj"), 0U);
+    EXPECT_EQ(output().rfind("# units = centimeter\nv 0 0 0\nv 0.1 0 0\n", 0), 0U);
+
     folder.write("in.obj", "v 1e38 0 0\nv 0 1 0\nv 0 0 1\nf 1 2 3\n");
     toolkit::Job job{"translations/in.obj", "translations/none.obj"};
     job.fromUnit = "km";

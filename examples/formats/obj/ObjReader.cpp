@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "characters.h"
+#include "color.h"
 #include "files.h"
 #include "objText.h"
 #include "report.h"
@@ -14,10 +15,6 @@
 namespace toolkit {
 
 namespace {
-
-/// In place of the colour of a vertex that has none.
-constexpr Vertex kNoColor{-1, -1, -1};
-constexpr Vertex kWhite{1, 1, 1};
 
 /// The integer at `at`, which is not 0; null where there is none.
 char const* readIndex(char const* at, char const* end, long long& index) noexcept {
@@ -124,25 +121,22 @@ KOVIResult ObjReader::failCorner(std::string_view corners, ObjIndices const* ind
                 isVertex ? vertices_.size() : normals_.size());
 }
 
-/// Has normals where all corners have, and colours where one has; the others are white then.
+/// Has normals where all corners have.
 void ObjReader::addTriangle(FaceCorner const& a, FaceCorner const& b, FaceCorner const& c, ShellBuilder& shells) const {
     bool const hasNormals = a.normal && b.normal && c.normal;
     FaceCorner const corners[3] = {a, b, c};
     Vertex positions[3];
     Vertex normals[3];
     KOVARGBColor colors[3];
-    bool hasColors = false;
     for (int i = 0; i < 3; ++i) {
         positions[i] = *corners[i].position;
         if (hasNormals)
             normals[i] = *corners[i].normal;
         std::size_t const at = static_cast<std::size_t>(corners[i].position - vertices_.data());
-        bool const isColored = at < colors_.size() && !(colors_[at] == kNoColor);
-        Vertex const color = isColored ? colors_[at] : kWhite;
-        colors[i] = KOVARGBColor(color.x, color.y, color.z, 1.0F);
-        hasColors = hasColors || isColored;
+        if (at < colors_.size() && isColor(colors_[at]))
+            colors[i] = KOVARGBColor(colors_[at].x, colors_[at].y, colors_[at].z, 1.0F);
     }
-    shells.triangle(positions, hasNormals ? normals : nullptr, hasColors ? colors : nullptr);
+    shells.triangle(positions, hasNormals ? normals : nullptr, colors_.empty() ? nullptr : colors);
 }
 
 KOVIResult ObjReader::readFace(std::string_view corners, ModelSink& sink, ShellBuilder& shells) {
@@ -181,7 +175,7 @@ void ObjReader::beginShell(Scene& scene, ShellBuilder& shells) {
     std::vector<std::string> sorted = groups_;
     std::sort(sorted.begin(), sorted.end());
     sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
-    std::string key = object_;
+    std::string key = object_ + '\n' + std::to_string(objectNumbers_[object_]);
     for (std::string const& group : sorted)
         key += '\n' + group;
     Part*& part = parts_[key];
@@ -240,6 +234,14 @@ void ObjReader::warnOfMaterials() const {
              unknownMaterial_.c_str(), unknownMaterials_ > 1 ? more.c_str() : "");
 }
 
+/// An object goes on where its name comes back, but the same name right behind its faces begins another.
+void ObjReader::beginObject(std::string const& name) {
+    if (name == object_ && !name.empty() && faces_ > facesBefore_)
+        ++objectNumbers_[name];
+    object_ = name;
+    facesBefore_ = faces_;
+}
+
 /// A new object leaves the groups as they are.
 void ObjReader::readName(std::string_view keyword, std::string_view rest, Scene& scene) {
     if (keyword == "mtllib")
@@ -247,7 +249,7 @@ void ObjReader::readName(std::string_view keyword, std::string_view rest, Scene&
     else if (keyword == "usemtl")
         useMaterial(nameIn(rest));
     else if (keyword == "o")
-        object_ = nameIn(rest);
+        beginObject(nameIn(rest));
     else if (keyword == "g")
         groups_ = namesIn(rest);
     else

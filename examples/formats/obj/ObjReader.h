@@ -50,6 +50,7 @@ private:
     void readLibraries(std::string_view names, Scene& scene);
     void readLibrary(std::string const& name, Scene& scene);
     void useMaterial(std::string const& name);
+    void beginObject(std::string const& name);
 
     void addColor(float const* color);
     void addTriangle(FaceCorner const& a, FaceCorner const& b, FaceCorner const& c, ShellBuilder& shells) const;
@@ -70,10 +71,12 @@ private:
 
     // What the next face belongs to, and whether the shells know it.
     std::string object_;
+    std::unordered_map<std::string, int> objectNumbers_; ///< by name: how often an object of it began again
+    long long facesBefore_ = 0;                          ///< the object
     std::vector<std::string> groups_;
     Material const* material_ = nullptr;
     bool isBegun_ = false;
-    std::unordered_map<std::string, Part*> parts_; ///< by object and groups
+    std::unordered_map<std::string, Part*> parts_; ///< by the object's name and number, and groups
     MaterialReader::Materials materials_;
     std::unordered_set<std::string> libraries_; ///< that were looked for
     std::string unknownMaterial_;               ///< the first, and how many there are

@@ -9,7 +9,9 @@
 #include <kova/model/KOVACallbackShared.h>
 
 #include "characters.h"
+#include "color.h"
 #include "numbers.h"
+#include "report.h"
 
 namespace toolkit {
 
@@ -136,7 +138,7 @@ void ObjWriter::writeHead() {
 void ObjWriter::writeVertices() {
     for (std::size_t i = 0; i < size(); ++i) {
         char* to = putNumbers(put(out_.room(kLongestRecord), "v"), position(i), digits_);
-        if (look(i).hasColor)
+        if (isColor(look(i).color))
             to = putNumbers(to, look(i).color, digits_);
         out_.use(put(to, "\n"));
     }
@@ -155,19 +157,34 @@ void ObjWriter::writeFaces(std::size_t begin, std::size_t end) {
     }
 }
 
-/// Those that change. An object may end the groups before it, or may not: readers differ.
+/// Whether the object's name must stand here once more, because the same object has another part in these groups.
+/// Nothing can tell parts without a name apart.
+bool ObjWriter::beginsAgain(Part const& part, std::string const& groups) {
+    int& number = objectNumbers_[part.name];
+    auto const latest = [&]() -> Part const*& {
+        return parts_[part.name + '\n' + std::to_string(number) + '\n' + groups];
+    };
+    bool const isAnother = !part.name.empty() && latest() && latest() != &part;
+    if (isAnother)
+        ++number;
+    latest() = &part;
+    return isAnother;
+}
+
+/// Groups go on with the next object, for the reader too.
+void ObjWriter::writePart(Part const& before, Part const& part) {
+    std::string const groups = groupsOf(part);
+    bool const isAgain = beginsAgain(part, groups);
+    if (isAgain || part.name != before.name)
+        writeName(out_, "o", part.name);
+    if (groups != groupsOf(before))
+        writeName(out_, "g", groups);
+}
+
+/// Those that change.
 void ObjWriter::writeNames(Run const* before, Run const& run) {
-    if (!before || before->part != run.part) {
-        std::string const& name = run.part->name;
-        std::string const groups = groupsOf(*run.part);
-        // What has no name does not belong to the part before.
-        bool const beginsObject = !name.empty() || (before && !before->part->name.empty());
-        if (beginsObject)
-            writeName(out_, "o", name);
-        if (beginsObject ? !groups.empty() || (before && !before->part->groups.empty())
-                         : groups != (before ? groupsOf(*before->part) : ""))
-            writeName(out_, "g", groups);
-    }
+    if (!before || before->part != run.part)
+        writePart(before ? *before->part : Part{}, *run.part);
     if (run.material != (before ? before->material : nullptr))
         writeName(out_, "usemtl", run.material ? materialNames_[run.material] : "");
 }
@@ -204,12 +221,13 @@ void ObjWriter::finish() {
     out_.flush();
     if (!materials_.empty())
         writeMaterials();
+    if (hasAny(kAlphas))
+        warn(file_.name(), kNowhere, "the alphas of vertices are left out: OBJ has none");
 }
 
 std::string ObjWriter::description() const {
-    std::string const normals = std::to_string(normalTable_.items().size()) + " normals";
-    return "OBJ, " + std::to_string(faces().size()) + " faces, " + std::to_string(size()) + " vertices" +
-           (normalTable_.items().empty() ? "" : ", " + normals);
+    std::size_t const normals = normalTable_.items().size();
+    return "OBJ, " + counts() + (normals == 0 ? "" : ", " + std::to_string(normals) + " normals");
 }
 
 } // namespace toolkit

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -44,6 +43,8 @@ private:
     void addFaceNormals();
     void writeHead();
     void writeVertices();
+    bool beginsAgain(Part const& part, std::string const& groups);
+    void writePart(Part const& before, Part const& part);
     void writeNames(Run const* before, Run const& run);
     void writeFaces(std::size_t begin, std::size_t end);
     void writeMaterials();
@@ -59,6 +60,8 @@ private:
     std::unordered_map<Material const*, std::string> materialNames_; ///< as they are written
     std::vector<Material const*> materials_;                         ///< in the order of first use
     std::vector<FurtherFile> files_;
+    std::unordered_map<std::string, int> objectNumbers_; ///< by name: how often an object of it began again
+    std::unordered_map<std::string, Part const*> parts_; ///< the latest by its object's name and number, and its groups
 };
 
 } // namespace toolkit

@@ -15,14 +15,9 @@ std::string nameIn(std::string_view text) {
 std::vector<std::string> namesIn(std::string_view text) {
     std::string const all = nameIn(text);
     std::vector<std::string> names;
-    for (std::size_t at = 0; at < all.size();) {
-        std::size_t end = at;
-        while (end < all.size() && !isSpace(all[end]))
-            ++end;
-        if (end > at)
-            names.push_back(all.substr(at, end - at));
-        at = end + 1;
-    }
+    std::string_view rest = all;
+    for (std::string_view name = takeWord(rest); !name.empty(); name = takeWord(rest))
+        names.emplace_back(name);
     return names;
 }
 

@@ -14,13 +14,6 @@ namespace toolkit {
 
 // The statements of OBJ files and of their material libraries: words between blanks, and perhaps a comment.
 
-/// At the beginning of a file.
-inline void skipByteOrderMark(std::string_view& text) noexcept {
-    constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    if (text.substr(0, kMark.size()) == kMark)
-        text.remove_prefix(kMark.size());
-}
-
 /// A word ends at a blank, a comment or the line's end.
 inline bool endsWord(char const* at, char const* end) noexcept {
     return at == end || isSpace(*at) || *at == '#';

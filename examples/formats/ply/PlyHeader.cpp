@@ -31,10 +31,7 @@ public:
     Words(std::string_view text, char const* file, long long line) : rest_(text), file_(file), line_(line) {}
 
     std::string_view next() noexcept {
-        rest_ = trimmed(rest_);
-        char const* const end = std::find_if(rest_.data(), rest_.data() + rest_.size(), isSpace);
-        word_ = rest_.substr(0, static_cast<std::size_t>(end - rest_.data()));
-        rest_.remove_prefix(word_.size());
+        word_ = takeWord(rest_);
         return word_;
     }
     std::string_view word() const noexcept { return word_; }

@@ -8,6 +8,8 @@
 
 #include <kova/core/KOVIResult.h>
 
+#include "bytes.h"
+
 namespace toolkit {
 
 enum class PlyEncoding { Little, Big, Ascii };
@@ -16,6 +18,10 @@ enum class PlyEncoding { Little, Big, Ascii };
 char const* nameOf(PlyEncoding encoding) noexcept;
 /// As the header has it.
 std::string_view keywordOf(PlyEncoding encoding) noexcept;
+/// Of binary values.
+inline ByteOrder orderOf(PlyEncoding encoding) noexcept {
+    return encoding == PlyEncoding::Big ? ByteOrder::Big : ByteOrder::Little;
+}
 
 enum class PlyType { Int8, UInt8, Int16, UInt16, Int32, UInt32, Float32, Float64 };
 

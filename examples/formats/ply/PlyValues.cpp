@@ -1,10 +1,10 @@
 #include "PlyValues.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <type_traits>
 
 #include <kova/system/KOVAFloatUtil.h>
 
@@ -85,17 +85,9 @@ void PlyValues::beginElement(PlyElement const& element, long long behind) {
     }
 }
 
-std::string_view PlyValues::nextWord() noexcept {
-    rest_ = trimmed(rest_);
-    char const* const end = std::find_if(rest_.data(), rest_.data() + rest_.size(), isSpace);
-    std::string_view const word = rest_.substr(0, static_cast<std::size_t>(end - rest_.data()));
-    rest_.remove_prefix(word.size());
-    return word;
-}
-
 /// A float is read as one: by way of a double it might be rounded twice.
 double PlyValues::fromText(PlyType type) {
-    std::string_view const word = nextWord();
+    std::string_view const word = takeWord(rest_);
     PlyTypeInfo const& info = infoOf(type);
     double value = 0;
     bool isNumber = false;
@@ -115,7 +107,7 @@ double PlyValues::fromBytes(PlyType type) {
     if (bytes.size() < static_cast<std::size_t>(size))
         throw PlyFailure{
             failUnexpected(file_, atByte(valueAt_ + static_cast<long long>(bytes.size())), {}, "a number")};
-    double const value = load(type, bytes.data(), encoding_ == PlyEncoding::Big ? ByteOrder::Big : ByteOrder::Little);
+    double const value = load(type, bytes.data(), orderOf(encoding_));
     in_.take(static_cast<std::size_t>(size));
     return value;
 }
@@ -125,7 +117,7 @@ double PlyValues::next(PlyType type) {
 }
 
 void PlyValues::endElement() {
-    std::string_view const word = isText() ? nextWord() : std::string_view();
+    std::string_view const word = isText() ? takeWord(rest_) : std::string_view();
     if (!word.empty())
         throw PlyFailure{failUnexpected(file_, place(), word, "the end of the line")};
 }
@@ -137,7 +129,7 @@ void PlyValues::expectEnd() {
             return;
     }
     if (isText())
-        throw PlyFailure{failUnexpected(file_, place(), nextWord(), "the end of the file")};
+        throw PlyFailure{failUnexpected(file_, place(), takeWord(rest_), "the end of the file")};
     if (!isEmpty())
         throw PlyFailure{fail(kInvalidFile, file_, atByte(in_.offset()), "bytes follow the last element")};
 }

@@ -46,7 +46,6 @@ private:
     bool nextLine(std::string_view& line);
     double fromText(PlyType type);
     double fromBytes(PlyType type);
-    std::string_view nextWord() noexcept;
 
     KOVABlockReader in_;
     LineReader lines_;

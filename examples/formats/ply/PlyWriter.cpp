@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "bytes.h"
+#include "color.h"
 #include "numbers.h"
 
 namespace toolkit {
@@ -20,25 +21,16 @@ std::uint8_t step(float component) noexcept {
 } // namespace
 
 PlyWriter::PlyWriter(KOVAOutputStream& stream, Settings const& settings, PlyEncoding encoding)
-    : WeldingWriter(settings, kColors | kNormals), out_(stream), digits_(settings.digits), unit_(settings.unit),
-      encoding_(encoding) {}
+    : WeldingWriter(settings, kColors | kAlphas | kNormals | kWhiteForNone), out_(stream), digits_(settings.digits),
+      unit_(settings.unit), encoding_(encoding) {}
 
 void PlyWriter::begin(Part const& /*part*/, Material const* material) {
     setColor(material ? &material->color : nullptr);
 }
 
-void PlyWriter::findColumns() {
-    for (std::size_t i = 0; i < size(); ++i) {
-        Look const& look = this->look(i);
-        hasNormals_ = hasNormals_ || look.hasNormal;
-        hasColors_ = hasColors_ || look.hasColor;
-        hasAlphas_ = hasAlphas_ || look.alpha != 1;
-    }
-}
-
 template <class Number> char* PlyWriter::put(char* to, Number value) const noexcept {
     if (encoding_ != PlyEncoding::Ascii)
-        return storeNumber(to, value, encoding_ == PlyEncoding::Big ? ByteOrder::Big : ByteOrder::Little);
+        return storeNumber(to, value, orderOf(encoding_));
     if constexpr (std::is_same_v<Number, float>)
         to = putDigits(to, value, digits_);
     else
@@ -62,11 +54,11 @@ void PlyWriter::writeHeader() {
         header += "comment units = " + unit_ + "\n";
     header += "element vertex " + std::to_string(size()) + "\n";
     header += "property float x\nproperty float y\nproperty float z\n";
-    if (hasNormals_)
+    if (hasAny(kNormals))
         header += "property float nx\nproperty float ny\nproperty float nz\n";
-    if (hasColors_)
+    if (hasAny(kColors))
         header += "property uchar red\nproperty uchar green\nproperty uchar blue\n";
-    if (hasAlphas_)
+    if (hasAny(kAlphas))
         header += "property uchar alpha\n";
     // Other readers expect int, as long as it will do.
     bool const needsUnsigned = size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max());
@@ -81,13 +73,15 @@ void PlyWriter::writeVertex(std::size_t index) {
     Look const& look = this->look(index);
     char* to = out_.room(kLongestRecord);
     to = put(put(put(to, position.x), position.y), position.z);
-    if (hasNormals_)
-        to = put(put(put(to, look.normal.x), look.normal.y), look.normal.z);
-    if (hasColors_) {
-        Vertex const color = look.hasColor ? look.color : Vertex{1, 1, 1};
+    if (hasAny(kNormals)) {
+        Vertex const normal = withoutMinusZero(look.normal);
+        to = put(put(put(to, normal.x), normal.y), normal.z);
+    }
+    if (hasAny(kColors)) {
+        Vertex const color = isColor(look.color) ? look.color : kWhite;
         to = put(put(put(to, step(color.x)), step(color.y)), step(color.z));
     }
-    if (hasAlphas_)
+    if (hasAny(kAlphas))
         to = put(to, step(look.alpha));
     out_.use(putEnd(to));
 }
@@ -100,7 +94,6 @@ void PlyWriter::writeFace(Face const& face) {
 }
 
 void PlyWriter::finish() {
-    findColumns();
     writeHeader();
     for (std::size_t i = 0; i < size(); ++i)
         writeVertex(i);
@@ -110,8 +103,7 @@ void PlyWriter::finish() {
 }
 
 std::string PlyWriter::description() const {
-    return std::string(nameOf(encoding_)) + ", " + std::to_string(faces().size()) + " faces, " +
-           std::to_string(size()) + " vertices";
+    return std::string(nameOf(encoding_)) + ", " + counts();
 }
 
 } // namespace toolkit

@@ -23,7 +23,6 @@ protected:
     void begin(Part const& part, Material const* material) override;
 
 private:
-    void findColumns();
     void writeHeader();
     void writeVertex(std::size_t index);
     void writeFace(Face const& face);
@@ -36,9 +35,6 @@ private:
     int digits_;
     std::string unit_;
     PlyEncoding encoding_;
-    bool hasNormals_ = false;
-    bool hasColors_ = false;
-    bool hasAlphas_ = false;
 };
 
 } // namespace toolkit

@@ -44,21 +44,22 @@ std::string StlReader::description(Found const& found) const {
 /// Binary headers may begin with "solid" too: the size decides where it fits a count, and otherwise
 /// whether the beginning is text.
 bool StlReader::isAscii() {
-    std::string_view const start = in_.lookAhead(1024).substr(0, 1024);
+    std::string_view start = in_.lookAhead(1024).substr(0, 1024);
     if (start.size() >= kStlHeaderSize && size_ == kStlHeaderSize + kStlFacetSize * std::int64_t{countIn(start)})
         return false;
+    skipByteOrderMark(start);
     return equalsIgnoringCase(trimmed(start).substr(0, 5), "solid") && isText(start);
 }
 
-KOVIResult StlReader::readBinary(ModelSink& sink) {
+/// Takes the header, which must fit the file's size; a pipe has none.
+KOVIResult StlReader::readBinaryHeader(long long& count) {
     std::string_view const header = in_.lookAhead(kStlHeaderSize);
     if (header.size() < kStlHeaderSize)
         return fail(kInvalidFile, file_, atByte(static_cast<long long>(header.size())),
                     "neither ASCII nor binary STL: it ends within the header");
     takeHeaderText(header.substr(0, std::min<std::size_t>(header.find('\0'), kStlCountAt)));
-    long long const count = countIn(header);
+    count = countIn(header);
     long long const wanted = kStlHeaderSize + kStlFacetSize * count;
-    // A pipe does not tell its size.
     if (size_ >= 0 && size_ < wanted)
         return fail(kInvalidFile, file_, atByte(kStlCountAt), "%lld triangles need %lld bytes, but the file has %lld",
                     count, wanted, size_);
@@ -66,6 +67,14 @@ KOVIResult StlReader::readBinary(ModelSink& sink) {
         return fail(kInvalidFile, file_, atByte(wanted), "%lld bytes follow the last of %lld triangles", size_ - wanted,
                     count);
     in_.take(kStlHeaderSize);
+    return kSuccess;
+}
+
+KOVIResult StlReader::readBinary(ModelSink& sink) {
+    long long count = 0;
+    KOVIResult const result = readBinaryHeader(count);
+    if (result.IsFailure())
+        return result;
     if (size_ >= 0)
         sink.reserve(static_cast<std::size_t>(count));
     ShellBuilder shells(sink);
@@ -89,7 +98,7 @@ KOVIResult StlReader::readBinary(ModelSink& sink) {
     }
     shells.flush();
     if (!in_.lookAhead(1).empty())
-        return fail(kInvalidFile, file_, atByte(wanted), "bytes follow the last of %lld triangles", count);
+        return fail(kInvalidFile, file_, atByte(in_.offset()), "bytes follow the last of %lld triangles", count);
     return kSuccess;
 }
 
@@ -151,6 +160,8 @@ KOVIResult StlReader::readName(std::string& name) {
 }
 
 KOVIResult StlReader::readAscii(ModelSink& sink) {
+    if (beginsWithMark(in_.lookAhead(static_cast<int>(kByteOrderMark.size()))))
+        in_.take(kByteOrderMark.size());
     sink.reserve(static_cast<std::size_t>(std::max(size_, 0LL) / kShortestFacet));
     ShellBuilder shells(sink);
     std::string name;

@@ -22,6 +22,7 @@ public:
 
 private:
     bool isAscii();
+    KOVIResult readBinaryHeader(long long& count);
     KOVIResult readBinary(ModelSink& sink);
     KOVIResult readAscii(ModelSink& sink);
     KOVIResult readFacet(ShellBuilder& shells);

@@ -3,8 +3,11 @@
 #include <limits>
 #include <stdexcept>
 
+#include <kova/public/KOVIUnit.h>
+
 #include "bytes.h"
 #include "numbers.h"
+#include "statedUnit.h"
 #include "stlLayout.h"
 
 namespace toolkit {
@@ -15,6 +18,15 @@ char* putCoordinates(char* to, Vertex const& v) noexcept {
     for (float const coordinate : {v.x, v.y, v.z})
         to = storeNumber(to, coordinate, ByteOrder::Little);
     return to;
+}
+
+/// What a name says of the unit is read as the file's, so it must be the one that coordinates have now.
+std::string withUnit(std::string name, std::string const& unit) {
+    std::string_view const stated = statedUnit(name);
+    KOVIUnit const before(std::string(stated).c_str());
+    if (before.IsValid() && !unit.empty() && KOVIUnitValue{before} != KOVIUnitValue{KOVIUnit(unit.c_str())})
+        name.replace(static_cast<std::size_t>(stated.data() - name.data()), stated.size(), unit);
+    return name;
 }
 
 } // namespace
@@ -76,7 +88,7 @@ void AsciiStlWriter::begin(Part const& part, Material const* /*material*/) {
         return;
     endSolid();
     part_ = &part;
-    name_ = part.title();
+    name_ = withUnit(part.title(), unit_);
 }
 
 void AsciiStlWriter::write(Triangles const& triangles) {

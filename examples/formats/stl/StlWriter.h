@@ -36,7 +36,7 @@ private:
 class AsciiStlWriter : public ModelWriter {
 public:
     AsciiStlWriter(KOVAOutputStream& stream, Settings const& settings)
-        : ModelWriter(settings.degenerate), out_(stream), digits_(settings.digits) {}
+        : ModelWriter(settings.degenerate), out_(stream), digits_(settings.digits), unit_(settings.unit) {}
 
     void finish() override;
     std::string description() const override;
@@ -53,6 +53,7 @@ private:
 
     KOVABlockWriter out_;
     int digits_;
+    std::string unit_;
     Part const* part_ = nullptr;
     std::string name_;
     bool isOpen_ = false;
