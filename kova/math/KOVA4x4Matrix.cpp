@@ -164,15 +164,10 @@ void KOVA4x4Matrix::GetInvertedMatrix(KOVA4x4Matrix& out) const noexcept {
         return;
     using namespace kova::detail;
     double const factor = 1.0 / determinant_;
-    double const a[3][3] = {
-        {m_[0][0], m_[0][1], m_[0][2]}, {m_[1][0], m_[1][1], m_[1][2]}, {m_[2][0], m_[2][1], m_[2][2]}};
     double const t[3] = {m_[3][0], m_[3][1], m_[3][2]};
-    for (int i = 0; i < 3; ++i) {
-        AdjugateRow const row = adjugateRow(a, i);
-        store(row.first * both(factor), out.m_[i]);
-        out.m_[i][2] = static_cast<float>(row.third * factor);
+    Adjugate(m_).put([factor](Pair cofactors) { return cofactors * both(factor); }, out.m_);
+    for (int i = 0; i < 3; ++i)
         out.m_[i][3] = 0.0F;
-    }
     store(-(both(t[0]) * load(out.m_[0]) + both(t[1]) * load(out.m_[1]) + both(t[2]) * load(out.m_[2])), out.m_[3]);
     out.m_[3][2] = static_cast<float>(-(t[0] * out.m_[0][2] + t[1] * out.m_[1][2] + t[2] * out.m_[2][2]));
     out.m_[3][3] = 1.0F;
