@@ -107,7 +107,7 @@ const Gk_Unit Gk_Unit::mile(mileName.header, 1609343.9999999998);
 // Libraries that are still known are freed here at unload, while the map is whole and all that their functions may
 // use still stands.
 KOVATrace KOVALibraryManager::log("libraries");
-kova::detail::StringMap<KOVALibraryHandle> KOVALibraryManager::_libraries;
+std::unique_ptr<KOVALibraryManager::Libraries> KOVALibraryManager::_libraries;
 
 namespace {
 

@@ -14,28 +14,43 @@ static_assert(sizeof(KOVADirectionf) == 12);
 
 namespace {
 
-/// The float nearest to size to the power of 1/3, which pow takes too long for. The root is exact to some
-/// 4e-13; where that does not settle the float, pow does.
-float cubeRoot(float size) noexcept {
+/// The cube root of a normal number, to some 4e-13.
+double cubeRootByHalley(float size) noexcept {
+    // A third of the exponent, to 5 percent; each of Halley's steps triples the digits.
+    std::uint32_t bits = 0;
+    std::memcpy(&bits, &size, sizeof bits);
+    bits = bits / 3 + 0x2A5119F2U;
+    float guess = 0.0F;
+    std::memcpy(&guess, &bits, sizeof bits);
+    double const a = double{size};
+    double root = double{guess};
+    for (int step = 0; step < 2; ++step) {
+        double const cube = root * root * root;
+        root *= (cube + a + a) / (cube + cube + a);
+    }
+    return root;
+}
+
+/// The float nearest to size to the power of 1/3, which pow takes too long for. The root is exact to some 4e-13;
+/// where that does not settle the float, pow does. An estimate that is good for a float's digits is quicker: one
+/// of Newton's steps, which doubles the digits, and what it divides by does not wait for the size.
+float cubeRoot(float size, double estimate) noexcept {
     double const a = double{size};
     if (size >= std::numeric_limits<float>::min() && size <= std::numeric_limits<float>::max()) {
-        // A third of the exponent, to 5 percent; each of Halley's steps triples the digits.
-        std::uint32_t bits = 0;
-        std::memcpy(&bits, &size, sizeof bits);
-        bits = bits / 3 + 0x2A5119F2U;
-        float guess = 0.0F;
-        std::memcpy(&guess, &bits, sizeof bits);
-        double root = double{guess};
-        for (int step = 0; step < 2; ++step) {
-            double const cube = root * root * root;
-            root *= (cube + a + a) / (cube + cube + a);
-        }
+        double const step = (a - estimate * estimate * estimate) * (1.0 / (3.0 * estimate * estimate));
+        double const root = std::fabs(step) < 5e-7 * estimate ? estimate + step : cubeRootByHalley(size);
         constexpr double kMargin = 1e-12;
         float const low = static_cast<float>(root * (1.0 - kMargin));
         if (low == static_cast<float>(root * (1.0 + kMargin)))
             return low;
     }
     return static_cast<float>(std::pow(a, 1.0 / 3.0));
+}
+
+/// Of a matrix of this determinant; the estimate only makes it quicker.
+float scalingOf(float determinant, double estimate = 0.0) noexcept {
+    float const size = std::fabs(determinant);
+    return size >= 0.999999F && size <= 1.000001F ? 1.0F : cubeRoot(size, estimate);
 }
 
 } // namespace
@@ -115,11 +130,7 @@ void KOVA4x4Matrix::ComputeDeterminant() noexcept {
 }
 
 void KOVA4x4Matrix::ComputeScaling() noexcept {
-    float const size = std::fabs(determinant_);
-    if (size >= 0.999999F && size <= 1.000001F)
-        scaling_ = 1.0F;
-    else
-        scaling_ = cubeRoot(size);
+    scaling_ = scalingOf(determinant_);
 }
 
 void KOVA4x4Matrix::SetScaling(float s) noexcept {
@@ -164,20 +175,16 @@ void KOVA4x4Matrix::GetInvertedMatrix(KOVA4x4Matrix& out) const noexcept {
         return;
     using namespace kova::detail;
     double const factor = 1.0 / determinant_;
-    double const a[3][3] = {
-        {m_[0][0], m_[0][1], m_[0][2]}, {m_[1][0], m_[1][1], m_[1][2]}, {m_[2][0], m_[2][1], m_[2][2]}};
+    double const scaling = 1.0 / scaling_; // of `out`, but for rounding
     double const t[3] = {m_[3][0], m_[3][1], m_[3][2]};
-    for (int i = 0; i < 3; ++i) {
-        AdjugateRow const row = adjugateRow(a, i);
-        store(row.first * both(factor), out.m_[i]);
-        out.m_[i][2] = static_cast<float>(row.third * factor);
+    Adjugate(m_).put([factor](Pair cofactors) { return cofactors * both(factor); }, out.m_);
+    for (int i = 0; i < 3; ++i)
         out.m_[i][3] = 0.0F;
-    }
     store(-(both(t[0]) * load(out.m_[0]) + both(t[1]) * load(out.m_[1]) + both(t[2]) * load(out.m_[2])), out.m_[3]);
     out.m_[3][2] = static_cast<float>(-(t[0] * out.m_[0][2] + t[1] * out.m_[1][2] + t[2] * out.m_[2][2]));
     out.m_[3][3] = 1.0F;
     out.ComputeDeterminant();
-    out.ComputeScaling();
+    out.scaling_ = scalingOf(out.determinant_, scaling);
 }
 
 void KOVA4x4Matrix::ComputeInverseTransposeThirdColumnNormalized(float* out) const noexcept {

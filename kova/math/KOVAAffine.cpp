@@ -63,11 +63,15 @@ KOVAAffine& KOVAAffine::Multiply(double factor) noexcept {
 
 namespace {
 
+void assertOn(double divisor) {
+    if (!Gk_Func::equal(divisor, 0.0, Gk_Def::FuzzReal))
+        Gk_ErrMgr::doAssert(__FILE__, __LINE__);
+}
+
 /// 1 / divisor, with what goes before every division.
 double reciprocal(double divisor) {
     Gk_ErrMgr::checkAbort();
-    if (!Gk_Func::equal(divisor, 0.0, Gk_Def::FuzzReal))
-        Gk_ErrMgr::doAssert(__FILE__, __LINE__);
+    assertOn(divisor);
     return 1.0 / divisor;
 }
 
@@ -103,10 +107,8 @@ void KOVAAffine::GetTranspose(KOVAAffine& out) const noexcept {
 double KOVAAffine::Determinant() const noexcept {
     if (dimension_ < 2)
         return elements_[0][0];
-    double sum = elements_[0][0] * DeterminantOfCofactor(0, 0);
-    for (int i = 1; i < dimension_; ++i)
-        sum += elements_[i][0] * DeterminantOfCofactor(i, 0);
-    return sum;
+    double const sum = elements_[0][0] * DeterminantOfCofactor(0, 0) + elements_[1][0] * DeterminantOfCofactor(1, 0);
+    return dimension_ < 3 ? sum : sum + elements_[2][0] * DeterminantOfCofactor(2, 0);
 }
 
 /// Without the row and the column, and with the sign of their place.
@@ -126,32 +128,32 @@ double KOVAAffine::DeterminantOfCofactor(int row, int column) const noexcept {
 
 namespace {
 
-/// The signed cofactors of column i, which are row i of the adjugate. Callers compare results bit for bit: each
-/// minor is formed first, then its sign turned, so that a zero keeps the sign that this gives it.
-kova::detail::AdjugateRow cofactors(double const (&a)[3][3], int i) noexcept {
-    using kova::detail::both;
-    using kova::detail::Pair;
-    int const p = i == 0 ? 1 : 0;
-    int const q = i == 2 ? 1 : 2;
-    Pair const minors = Pair{a[1][p], a[0][p]} * both(a[2][q]) - Pair{a[1][q], a[0][q]} * both(a[2][p]);
-    double const third = a[0][p] * a[1][q] - a[0][q] * a[1][p];
-    if (i == 1)
-        return {Pair{-minors[0], minors[1]}, -third};
-    return {Pair{minors[0], -minors[1]}, third};
+/// The signed cofactors of a row, from the other two. Callers compare results bit for bit: each minor is formed
+/// first, then its sign turned, so that a zero keeps the sign that this gives it.
+kova::detail::Cross cofactors(double const (&r)[3], double const (&s)[3], bool isMiddle) noexcept {
+    using namespace kova::detail;
+    Pair const minors = Pair{r[1], r[0]} * both(s[2]) - Pair{s[1], s[0]} * both(r[2]);
+    Pair const turned = -minors;
+    double const third = r[0] * s[1] - s[0] * r[1];
+    if (isMiddle)
+        return {Pair{turned[0], minors[1]}, -third};
+    return {Pair{minors[0], turned[1]}, third};
 }
 
 } // namespace
 
 void KOVAAffine::GetInverse(KOVAAffine& out) const {
     if (dimension_ == 3) {
+        using namespace kova::detail;
         auto const& a = elements_;
-        kova::detail::AdjugateRow const rows[3] = {cofactors(a, 0), cofactors(a, 1), cofactors(a, 2)};
-        double const factor =
-            reciprocal(a[0][0] * rows[0].first[0] + a[1][0] * rows[0].first[1] + a[2][0] * rows[0].third);
-        for (int i = 0; i < 3; ++i) {
-            kova::detail::store(rows[i].first * kova::detail::both(factor), out.elements_[i]);
-            out.elements_[i][2] = rows[i].third * factor;
-        }
+        // What goes with a division is called around the arithmetic: within, all numbers would leave their
+        // registers for it.
+        Gk_ErrMgr::checkAbort();
+        Adjugate const adjugate(cofactors(a[1], a[2], false), cofactors(a[0], a[2], true), cofactors(a[0], a[1], false),
+                                {a[0][0], a[1][0], a[2][0]});
+        double const factor = 1.0 / adjugate.determinant;
+        adjugate.put([factor](Pair elements) { return elements * both(factor); }, out.elements_);
+        assertOn(adjugate.determinant);
         return;
     }
     double const factor = reciprocal(Determinant());

@@ -50,7 +50,9 @@ bool KOVAMath3x3Matrixf::Inverse(KOVAMath3x3Matrixf& out) const noexcept {
         out = Transpose();
         return true;
     }
-    double const d = determinant();
+    using namespace kova::detail;
+    Adjugate const adjugate(c_);
+    double const d = adjugate.determinant;
     if (std::fabs(d) < kSmallest)
         return false;
     if (IsScaling()) {
@@ -60,16 +62,7 @@ bool KOVAMath3x3Matrixf::Inverse(KOVAMath3x3Matrixf& out) const noexcept {
         out.kind_ = kind;
         return true;
     }
-    using namespace kova::detail;
-    double const a[3][3] = {
-        {c_[0][0], c_[0][1], c_[0][2]}, {c_[1][0], c_[1][1], c_[1][2]}, {c_[2][0], c_[2][1], c_[2][2]}};
-    AdjugateRow const rows[3] = {adjugateRow(a, 0), adjugateRow(a, 1), adjugateRow(a, 2)};
-    Pair const thirds = Pair{rows[0].third, rows[1].third} / both(d);
-    for (int i = 0; i < 3; ++i)
-        store(rows[i].first / both(d), out.c_[i]);
-    out.c_[0][2] = static_cast<float>(thirds[0]);
-    out.c_[1][2] = static_cast<float>(thirds[1]);
-    out.c_[2][2] = static_cast<float>(rows[2].third / d);
+    adjugate.put([d](Pair cofactors) { return cofactors / both(d); }, out.c_);
     out.kind_ = kGeneral;
     return true;
 }

@@ -47,19 +47,50 @@ inline void store(Pair pair, float* at) noexcept {
 #endif
 }
 
-/// A row of an adjugate: its first two elements, and the third.
-struct AdjugateRow {
-    Pair first;
-    double third;
+/// A row of a matrix, as the pairs of which cross products are made.
+struct CrossRow {
+    template <class Number> explicit CrossRow(Number const* row) noexcept
+        : xy(load(row)), yz(load(row + 1)), zx(Pair{yz[1], xy[0]}) {}
+
+    Pair xy, yz, zx;
 };
 
-/// Row i of the adjugate of three rows: the cross products of the rows have it as their coordinate i.
-inline AdjugateRow adjugateRow(double const (&a)[3][3], int i) noexcept {
-    int const p = (i + 1) % 3;
-    int const q = (i + 2) % 3;
-    return {Pair{a[1][p], a[2][p]} * Pair{a[2][q], a[0][q]} - Pair{a[1][q], a[2][q]} * Pair{a[2][p], a[0][p]},
-            a[0][p] * a[1][q] - a[0][q] * a[1][p]};
-}
+/// A cross product: its first two coordinates, and the third.
+struct Cross {
+    Cross(Pair firstTwo, double third) noexcept : xy(firstTwo), z(third) {}
+    Cross(CrossRow const& a, CrossRow const& b) noexcept
+        : xy(a.yz * b.zx - a.zx * b.yz), z(a.xy[0] * b.yz[0] - a.yz[0] * b.xy[0]) {}
+
+    Pair xy;
+    double z;
+};
+
+/// The transpose of the cofactors of a matrix of three rows, column by column; and the determinant.
+struct Adjugate {
+    /// Of the cofactors of each row, and the matrix's first column.
+    Adjugate(Cross const& first, Cross const& second, Cross const& third, double const (&x)[3]) noexcept
+        : columns{first, second, third}, determinant(x[0] * first.xy[0] + x[1] * second.xy[0] + x[2] * third.xy[0]) {}
+    /// Where cofactors are cross products.
+    Adjugate(CrossRow const& a, CrossRow const& b, CrossRow const& c) noexcept
+        : Adjugate({b, c}, {c, a}, {a, b}, {a.xy[0], b.xy[0], c.xy[0]}) {}
+    template <std::size_t Rows, std::size_t Columns> explicit Adjugate(float const (&m)[Rows][Columns]) noexcept
+        : Adjugate(CrossRow(m[0]), CrossRow(m[1]), CrossRow(m[2])) {}
+
+    /// Writes each element after `change`, which takes two at once.
+    template <class Change, class Number, std::size_t Rows, std::size_t Columns>
+    void put(Change const& change, Number (&out)[Rows][Columns]) const noexcept {
+        store(change(Pair{columns[0].xy[0], columns[1].xy[0]}), out[0]);
+        store(change(Pair{columns[0].xy[1], columns[1].xy[1]}), out[1]);
+        store(change(Pair{columns[0].z, columns[1].z}), out[2]);
+        Pair const third = change(columns[2].xy);
+        out[0][2] = static_cast<Number>(third[0]);
+        out[1][2] = static_cast<Number>(third[1]);
+        out[2][2] = static_cast<Number>(change(both(columns[2].z))[0]);
+    }
+
+    Cross columns[3];
+    double determinant;
+};
 
 /// What a map does to one point, and so to arrays of them: an optional linear part, for points as columns,
 /// then an optional factor, then an optional translation. A part that is left out does not round either.

@@ -37,10 +37,12 @@ KOVIResult KOVALibraryManager::AddLibrary(KOVALibrary* library) {
     if (!library)
         return kInvalidArgument;
     log.Printf(KOVA_TRACE_MESSAGE, "Adding %s library", library->GetLibraryName());
-    int const position = _libraries.findOrAdd(library->GetLibraryName());
+    if (!_libraries)
+        _libraries = std::make_unique<Libraries>();
+    int const position = _libraries->findOrAdd(library->GetLibraryName());
     if (position < 0)
         return kFailure;
-    _libraries.value(position) = KOVALibraryHandle(library);
+    _libraries->value(position) = KOVALibraryHandle(library);
     return kSuccess;
 }
 
@@ -52,10 +54,10 @@ KOVIResult KOVALibraryManager::CreateLibrary(char const* name, char const* initi
     std::size_t const length = std::strlen(name);
     bool const cut = length >= KOVALibrary::kNameSize;
     std::string const kept(name, std::min(length, KOVALibrary::kNameSize - 1));
-    int const known = _libraries.find(kept.c_str());
+    int const known = _libraries ? _libraries->find(kept.c_str()) : -1;
     // A name that was cut is not the shorter name that it now looks like.
-    if (known >= 0 && _libraries.value(known).IsValid() && _libraries.value(known)->cut_ == cut) {
-        library = _libraries.value(known);
+    if (known >= 0 && _libraries->value(known).IsValid() && _libraries->value(known)->cut_ == cut) {
+        library = _libraries->value(known);
         return kSuccess;
     }
     auto created = std::make_unique<KOVALibrary>(name, initialisationFunction, finalisationFunction);
@@ -67,21 +69,23 @@ KOVIResult KOVALibraryManager::CreateLibrary(char const* name, char const* initi
 
 KOVIResult KOVALibraryManager::FreeLibraries() {
     log.Printf(KOVA_TRACE_MESSAGE, "Freeing libraries");
+    if (!_libraries)
+        return kSuccess;
     std::vector<KOVAString> unheld;
-    for (int i = 0; i < _libraries.size(); ++i) {
-        if (_libraries.value(i).IsLastCall())
-            unheld.push_back(_libraries.name(i));
+    for (int i = 0; i < _libraries->size(); ++i) {
+        if (_libraries->value(i).IsLastCall())
+            unheld.push_back(_libraries->name(i));
     }
     for (KOVAString const& name : unheld) {
         // Each finalisation function may come back here, or take hold of another library.
-        int freed = _libraries.find(name);
-        if (freed < 0 || !_libraries.value(freed).IsLastCall())
+        int freed = _libraries->find(name);
+        if (freed < 0 || !_libraries->value(freed).IsLastCall())
             continue;
-        log.Printf(KOVA_TRACE_MESSAGE, "Freeing %s library", _libraries.value(freed)->GetLibraryName());
-        _libraries.value(freed) = KOVALibraryHandle();
-        freed = _libraries.find(name);
-        if (freed >= 0 && !_libraries.value(freed).IsValid())
-            _libraries.remove(freed);
+        log.Printf(KOVA_TRACE_MESSAGE, "Freeing %s library", _libraries->value(freed)->GetLibraryName());
+        _libraries->value(freed) = KOVALibraryHandle();
+        freed = _libraries->find(name);
+        if (freed >= 0 && !_libraries->value(freed).IsValid())
+            _libraries->remove(freed);
     }
     return kSuccess;
 }

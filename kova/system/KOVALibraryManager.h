@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include <kova/containers/KOVADynamicArray.h>
 #include <kova/containers/string_map.h>
 #include <kova/core/KOVIResult.h>
@@ -49,6 +51,7 @@ public:
 private:
     friend class KOVALibrary;
 
-    static kova::detail::StringMap<KOVALibraryHandle> _libraries;
+    using Libraries = kova::detail::StringMap<KOVALibraryHandle>;
+    static std::unique_ptr<Libraries> _libraries; ///< null until one is added: loading costs little
     static KOVATrace log;
 };

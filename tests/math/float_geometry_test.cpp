@@ -125,6 +125,7 @@ TEST(Matrix4, InverseAsksTheDeterminantThatIsKept) {
     stale.SetElement(0, 0, 2);
     stale.GetInvertedMatrix(out);
     EXPECT_EQ(list(out * KOVAPointf(1, 1, 1)), (Floats{1, 2, 2})); // the adjugate over 1
+    EXPECT_EQ(out.GetScaling(), 1.587401F);                        // its own determinant's, not the kept one's
     for (auto const& [scale, wanted] :
          {std::pair(2.0F, KOVAVectorKf), std::pair(-2.0F, -KOVAVectorKf), std::pair(0.0F, KOVAVectorIf)}) {
         float column[3] = {};
