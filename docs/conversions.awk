@@ -1,12 +1,20 @@
-# One JSON line for each conversion, from the logs that kova-translate --log-json wrote, one file each:
+# One JSON line for each conversion, from the logs that kova-translate --log-json wrote:
 #   awk -f conversions.awk LOG...
-# "input" and "result" are taken from the log as they stand there, so they need no escaping. A log without an end
-# is that of a process that still runs or was stopped.
+# "input" and "error" are taken from the log as they stand there, so they need no escaping. A conversion without an
+# end is one that still runs, or whose process was stopped.
 
-function told() {
-    gsub(/["\\]/, "\\\\&", log_name)
-    printf "{\"log\":\"%s\",\"input\":%s,\"result\":\"%s\",\"time\":%s,\"duration\":%s}\n",
-        log_name, input, result, time, duration
+function begin() {
+    result = "not finished"
+    input = error = time = duration = "null"
+    isOpen = 1
+}
+
+function tell(    name) {
+    name = log_name
+    gsub(/["\\]/, "\\\\&", name)
+    printf "{\"log\":\"%s\",\"input\":%s,\"result\":\"%s\",\"error\":%s,\"time\":%s,\"duration\":%s}\n",
+        name, input, result, error, time, duration
+    isOpen = 0
 }
 
 # What stands between two texts in the line.
@@ -15,35 +23,55 @@ function between(before, after,    rest) {
     return substr(rest, 1, index(rest, after) - 1)
 }
 
-function begin(name) {
-    log_name = name
-    result = "Not finished"
-    input = time = duration = "null"
-    seen[name] = 1
+function text() {
+    return between("\"text\":\"", "\",\"task\":")
 }
 
-FNR == 1 {
-    if (log_name != "")
-        told()
-    begin(FILENAME)
-}
-
-/"event":"KOVAStartReadFileTaskEvent"/ && input == "null" {
-    input = "\"" between("\"text\":\"Input File           : ", "\",\"task\":") "\""
-}
-
-/"event":"Product End"/ {
-    result = between("\"text\":\"", "\",\"task\":")
+function finish(outcome) {
+    result = outcome
     time = "\"" between("\"time\":\"", "\"") "\""
     duration = between("\"duration\":", "}")
+    tell()
+}
+
+# A run may fail before its first conversion.
+FNR == 1 {
+    if (isOpen)
+        tell()
+    log_name = FILENAME
+    seen[log_name] = 1
+    conversions = 0
+    begin()
+}
+
+/"event":"KOVAStartConversionTaskEvent"/ {
+    if (conversions++)
+        begin()
+}
+
+/"event":"KOVAStartReadFileTaskEvent"/ && isOpen && input == "null" {
+    input = "\"" substr(text(), length("Input File           : ") + 1) "\""
+}
+
+/"event":"KOVAErrorEvent"/ && isOpen && error == "null" {
+    error = "\"" text() "\""
+}
+
+/"event":"KOVAEndConversionTaskEvent"/ {
+    finish(error != "null" ? "failed" : text() == "" ? "aborted" : "translated")
+}
+
+/"event":"Product End"/ && isOpen {
+    finish("failed")
 }
 
 END {
-    if (log_name != "")
-        told()
+    if (isOpen)
+        tell()
     for (i = 1; i < ARGC; ++i)
         if (!(ARGV[i] in seen)) {
-            begin(ARGV[i])
-            told()
+            log_name = ARGV[i]
+            begin()
+            tell()
         }
 }

@@ -10,7 +10,6 @@ namespace toolkit {
 
 /// The results that this program ends with.
 constexpr KOVIResult kSuccess(0x00000000);
-constexpr KOVIResult kNoEntity(0x00000002);
 constexpr KOVIResult kNotSupported(0x01000004);
 constexpr KOVIResult kUnexpectedError(0x01000007);
 constexpr KOVIResult kInvalidComponent(0x01000009);

@@ -503,7 +503,7 @@ KOVIResult Conversion::run(KOVAConvertedEntitiesInfo& entities) {
     entities.groups = clamped(std::count_if(scene_.parts().begin(), scene_.parts().end(),
                                             [](Part const& part) { return part.triangles > 0; }));
     entities.otherEntities = clamped(sum(&Output::written));
-    return sum(&Output::written) == 0 ? kNoEntity : kSuccess;
+    return kSuccess;
 }
 
 Format const* formatOf(Formats& formats, KOVIFile const& file, std::string const& given, char const* option,

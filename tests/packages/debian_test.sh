@@ -51,6 +51,10 @@ said=$(inside kova-translate --version)
 inside kova-translate /kova/flanged-bearing.stl /kova/bearing.obj >"$folder/log" 2>&1 || fail "$(cat "$folder/log")"
 [ "$(grep -c '^f ' "$folder/root/kova/bearing.obj")" = 4512 ] || fail 'the translated model has not 4512 faces'
 
+for file in man/man1/kova-translate.1 bash-completion/completions/kova-translate zsh/vendor-completions/_kova-translate; do
+  [ -s "$folder/root/usr/share/$file" ] || fail "$file is missing"
+done
+
 # A program that is built with the installed development files needs the library by its series.
 rm -rf "$folder/hello"
 cmake -G Ninja -S "$source/tests/consumer" -B "$folder/hello" -Dway=find_package \

@@ -10,7 +10,7 @@ file(ARCHIVE_EXTRACT INPUT ${zip} DESTINATION ${place})
 file(GLOB program ${place}/*/bin/kova-translate.exe)
 file(COPY ${model} DESTINATION ${place})
 cmake_path(GET model FILENAME name)
-execute_process(COMMAND ${CMAKE_COMMAND} -E env KOVA_WINE_PATH= ${emulator} ${program} ${name} model.obj
+execute_process(COMMAND ${CMAKE_COMMAND} -E env KOVA_WINE_PATH= ${emulator} ${program} --level BRIEF ${name} model.obj
   WORKING_DIRECTORY ${place} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE status)
 if(NOT status EQUAL 0 OR NOT output MATCHES "model.obj: OBJ, 4512 faces")
   message(FATAL_ERROR "status ${status}\n${output}")

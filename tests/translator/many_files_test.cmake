@@ -35,7 +35,8 @@ sh("for model in models/*.stl; do
 expect("each is as if it were alone" status EQUAL 0)
 expect("nothing else is left" output MATCHES "^alone models out 25\n$") # 12 models, 13 logs
 
-sh("touch out/empty.json && head -n 3 'out/part 2.stl.json' >out/stopped.json && awk -f '${filter}' out/*.json")
+sh("kova-translate 'models/part 2.stl' models/cut.stl models/größe.stl alone --to-format ply --log-json out/several.json;
+    touch out/empty.json && head -n 3 'out/part 2.stl.json' >out/stopped.json && awk -f '${filter}' out/*.json")
 string(REGEX REPLACE "\n$" "" lines "${output}")
 string(REPLACE "\n" ";" lines "${lines}")
 set(all "")
@@ -43,17 +44,19 @@ foreach(line IN LISTS lines)
   string(JSON log GET "${line}" log)
   string(JSON input GET "${line}" input)
   string(JSON result GET "${line}" result)
+  string(JSON error GET "${line}" error)
   string(JSON duration TYPE "${line}" duration)
-  string(APPEND all "${log} ${input} ${result} ${duration}\n")
+  string(APPEND all "${log} ${input} ${result} ${duration} ${error}\n")
 endforeach()
 list(LENGTH lines count)
-expect("a line for each log" count EQUAL 15)
+expect("a line for each conversion" count EQUAL 18)
 foreach(one
-    "out/cut.stl.json models/cut.stl Product Failed with code [0-9]+ .[A-Za-z ]+. NUMBER"
-    "out/größe.stl.json models/größe.stl Product Completed Successfully NUMBER"
-    "out/tail's \"end\".stl.json models/tail's \"end\".stl Product Completed Successfully NUMBER"
-    "out/stopped.json  Not finished NULL"
-    "out/empty.json  Not finished NULL")
+    "out/cut.stl.json models/cut.stl failed NUMBER Error : models/cut.stl: [^\n]*"
+    "out/größe.stl.json models/größe.stl translated NUMBER "
+    "out/tail's \"end\".stl.json models/tail's \"end\".stl translated NUMBER "
+    "out/several.json models/part 2.stl translated NUMBER \nout/several.json models/cut.stl failed NUMBER Error [^\n]*\nout/several.json models/größe.stl translated NUMBER "
+    "out/stopped.json  not finished NULL "
+    "out/empty.json  not finished NULL ")
   if(NOT "\n${all}" MATCHES "\n${one}\n")
     message(FATAL_ERROR "'${one}' is missing in\n${all}")
   endif()
