@@ -1,4 +1,4 @@
-# Translates a folder with several processes at once, by the very command that the README shows for TOOL.
+# Translates a folder with several processes at once, by the very command that docs/translator.md shows for TOOL.
 
 file(REMOVE_RECURSE ${folder})
 file(MAKE_DIRECTORY ${folder}/models ${folder}/out ${folder}/alone)
@@ -24,7 +24,7 @@ sh("cp '${model}' alone/model.stl && kova-translate alone/model.stl alone/model.
     cp alone/model.obj models/part\\ 1.obj && head -c 1000 alone/model.stl >models/cut.stl")
 expect("making models" status EQUAL 0)
 
-file(STRINGS ${readme} command REGEX "^[$] .*${tool} .* kova-translate ")
+file(STRINGS ${manual} command REGEX "^[$] .*${tool} .* kova-translate ")
 string(REGEX REPLACE "^[$] " "" command "${command}")
 sh("${command}")
 expect("the one failure shows" NOT status EQUAL 0)

@@ -58,6 +58,10 @@ if(NOT statuses STREQUAL "0;0;0" OR NOT errors MATCHES "standard output: binary 
   message(FATAL_ERROR "pipe: ${statuses}\n${errors}")
 endif()
 expect_same(piped.stl again.stl)
+file(WRITE ${folder}/red.mtl "newmtl red\nKd 1 0 0\n")
+file(WRITE ${folder}/red.obj "mtllib red.mtl\nusemtl red\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n")
+expect_run(0 "^v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n$" "Warning : standard output: materials are left out: "
+  ${BRIEF} red.obj - --to-format obj)
 set(unknown "not a known format; name a file that ends in .obj, .ply or .stl, or its format with")
 expect_run(11 "^$" "^Error : standard output: ${unknown} --to-format\n$" flat.obj -)
 expect_run(11 "^$" "^Error : flat.txt: ${unknown} --from-format\n$" flat.txt flat.obj)

@@ -80,7 +80,9 @@ void ObjWriter::dropEmptyRun() {
 
 void ObjWriter::begin(Part const& part, Material const* material) {
     dropEmptyRun();
-    runs_.push_back({&part, material, faces().size()});
+    bool const isLeftOut = material && !file_.hasFolder();
+    leavesOutMaterials_ = leavesOutMaterials_ || isLeftOut;
+    runs_.push_back({&part, isLeftOut ? nullptr : material, faces().size()});
 }
 
 /// A corner without a normal, or with one without length, leaves its face without.
@@ -221,6 +223,8 @@ void ObjWriter::finish() {
     out_.flush();
     if (!materials_.empty())
         writeMaterials();
+    if (leavesOutMaterials_)
+        warn(file_.name(), kNowhere, "materials are left out: their file would have no place");
     if (hasAny(kAlphas))
         warn(file_.name(), kNowhere, "the alphas of vertices are left out: OBJ has none");
 }

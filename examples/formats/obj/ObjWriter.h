@@ -60,6 +60,7 @@ private:
     std::unordered_map<Material const*, std::string> materialNames_; ///< as they are written
     std::vector<Material const*> materials_;                         ///< in the order of first use
     std::vector<FurtherFile> files_;
+    bool leavesOutMaterials_ = false;
     std::unordered_map<std::string, int> objectNumbers_; ///< by name: how often an object of it began again
     std::unordered_map<std::string, Part const*> parts_; ///< the latest by its object's name and number, and its groups
 };
