@@ -80,8 +80,11 @@ void OutputFile::passOn() {
     descriptor_ = destination_;
     std::vector<char> block(kBlock);
     std::rewind(held_.get());
-    for (size_ = 0; std::size_t const count = std::fread(block.data(), 1, block.size(), held_.get());)
+    size_ = 0;
+    for (std::size_t count = block.size(); count == block.size();) {
+        count = std::fread(block.data(), 1, block.size(), held_.get());
         write(block.data(), static_cast<int>(count));
+    }
     isSound_ = isSound_ && std::ferror(held_.get()) == 0;
 }
 

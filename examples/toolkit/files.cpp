@@ -20,7 +20,7 @@ namespace {
 constexpr bool kNamesAreWide = sizeof(fs::path::value_type) > 1;
 
 /// What is no UTF-8 stands for the characters of the same numbers.
-fs::path widePath(char const* name) {
+[[maybe_unused]] fs::path widePath(char const* name) {
     try {
         return fs::u8path(name);
     } catch (std::system_error const&) {
