@@ -5,6 +5,8 @@ file(MAKE_DIRECTORY ${folder})
 file(COPY ${model} DESTINATION ${folder})
 file(WRITE ${folder}/flat.obj "# Flat by intent\nv 0 0 0\nv 1 0 0\nf 1 2 2\n")
 
+cmake_policy(VERSION 3.25)
+list(REMOVE_ITEM program "")
 list(LENGTH program words) # more than one with an emulator, for Windows
 set(ENV{LC_ALL} C.UTF-8) # for an emulator that goes by it; the program itself does not
 
@@ -41,6 +43,24 @@ expect_run(0 "^$" "^bearing.obj: OBJ, 4512 faces, 4512 triangles, 2246 vertices\
   ${BRIEF} --ascii bearing.obj back.stl)
 expect_run(0 "^$" "^back.stl: ASCII STL, 4512 triangles\n.*again.stl: binary STL, 4512 triangles, 225684 bytes\n"
   ${BRIEF} back.stl again.stl)
+
+# On a terminal, which script is: colours, unless they are not wanted.
+find_program(script script)
+if(script AND words EQUAL 1)
+  string(ASCII 27 escape)
+  foreach(colours "-u NO_COLOR" NO_COLOR=1)
+    execute_process(COMMAND ${script} -qec "env ${colours} TERM=xterm ${program} empty.obj empty.stl" /dev/null
+      WORKING_DIRECTORY ${folder} OUTPUT_VARIABLE output)
+    string(REPLACE "${escape}[" "<" output "${output}")
+    set(wanted "\nempty.stl: binary STL, .*\nWarning : ")
+    if(colours STREQUAL "-u NO_COLOR")
+      set(wanted "\nempty.stl: binary STL, .*\n<33mWarning : ")
+    endif()
+    if(NOT output MATCHES "${wanted}")
+      message(FATAL_ERROR "on a terminal with ${colours}:\n${output}")
+    endif()
+  endforeach()
+endif()
 
 function(expect_same a b)
   execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${folder}/${a} ${folder}/${b} RESULT_VARIABLE differs)
