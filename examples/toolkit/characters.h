@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <string>
 #include <cstddef>
 #include <string_view>
 
@@ -17,6 +18,14 @@ inline bool isPrintable(char c) noexcept {
 
 inline bool isText(std::string_view bytes) noexcept {
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return isSpace(c) || isPrintable(c); });
+}
+
+/// With small letters.
+inline std::string lowered(std::string_view text) {
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
+    return result;
 }
 
 inline std::string_view trimmed(std::string_view text) noexcept {

@@ -1,12 +1,12 @@
 #include "FilePairs.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <map>
 #include <system_error>
 
 #include <kova/stream/KOVAFileDescriptor.h>
 
+#include "characters.h"
 #include "files.h"
 #include "report.h"
 
@@ -30,13 +30,6 @@ std::string nameInFolder(std::string const& folder, std::string const& input, st
            (format.front() == '.' ? "" : ".") + format;
 }
 
-/// Some systems do not tell letters apart by case.
-std::string folded(std::string name) {
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
-    return name;
-}
-
 KOVIResult pairWithFolder(CommandLine const& line, std::vector<FilePair>& pairs) {
     std::string const& folder = line.names.back();
     if (line.toFormat.empty())
@@ -49,7 +42,8 @@ KOVIResult pairWithFolder(CommandLine const& line, std::vector<FilePair>& pairs)
             return fail(kInvalidArgument, folder.c_str(), kNowhere,
                         "is a folder, and standard input has no name to put there; name a file to write");
         pairs.push_back({input, nameInFolder(folder, input, line.toFormat)});
-        auto const [entry, isNew] = inputs.try_emplace(folded(pairs.back().output), input);
+        // Some systems do not tell letters apart by case.
+        auto const [entry, isNew] = inputs.try_emplace(lowered(pairs.back().output), input);
         if (!isNew)
             return fail(kInvalidArgument, pairs.back().output.c_str(), kNowhere,
                         "both %s and %s would be written there", entry->second.c_str(), input.c_str());

@@ -7,6 +7,7 @@
 #include <kova/system/KOVAFilePath.h>
 #include <kova/system/KOVALibraryManager.h>
 
+#include "characters.h"
 #include "narrow.h"
 #include "report.h"
 
@@ -87,10 +88,7 @@ KOVIResult Formats::load(std::string const& extension, Entry& entry) {
 }
 
 Formats::Entries::iterator Formats::find(std::string_view extension) {
-    std::string key(extension.substr(extension.substr(0, 1) == "." ? 1 : 0));
-    std::transform(key.begin(), key.end(), key.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
-    return byExtension_.find(key);
+    return byExtension_.find(lowered(extension.substr(extension.substr(0, 1) == "." ? 1 : 0)));
 }
 
 Format const* Formats::of(std::string_view extension) {

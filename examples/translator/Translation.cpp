@@ -406,12 +406,7 @@ std::string Conversion::nameForPart(Part const& part) {
     std::string const wanted = "-" + (title.empty() ? "unnamed" : title);
     std::string name = wanted;
     // Some systems do not tell letters apart by case.
-    auto const folded = [](std::string text) {
-        std::transform(text.begin(), text.end(), text.begin(),
-                       [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
-        return text;
-    };
-    for (int& number = numbers_[folded(wanted)]; !names_.insert(folded(name)).second;)
+    for (int& number = numbers_[lowered(wanted)]; !names_.insert(lowered(name)).second;)
         name = wanted + "-" + std::to_string(++number + 1);
     std::size_t const base = outputName_.find_last_of("/\\") + 1;
     std::size_t const dot = outputName_.rfind('.');
