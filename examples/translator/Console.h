@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <system_error>
 
 #include <kova/diagnostics/KOVAConsoleLogger.h>
@@ -21,8 +22,8 @@ public:
     Console() {
         KOVAString named;
         isNamed_ = KOVAEnvironment::GetVariable("KOVAConsoleTracesLevel", named).IsSuccess();
-        show(IsTerminal() ? CommandLine::Brief : CommandLine::AtLevel, KOVA_LEVEL_ERROR);
         isQuiet_ = isNamed_ && KOVAEvent::GetLevel(named, KOVA_LEVEL_NONE) > KOVA_LEVEL_INFO;
+        show(IsTerminal() ? CommandLine::Brief : CommandLine::AtLevel, KOVA_LEVEL_ERROR);
     }
 
     void HandleEvent(KOVAEvent& event) override {
@@ -45,10 +46,10 @@ public:
         Initialize(isBrief_ ? KOVA_LEVEL_INFO : level);
         FreeStandardOutput();
     }
-    /// Of the file that is read next.
-    void setInputSize(char const* name) {
+    /// Of the file that is read next; "-" has none.
+    void setInputSize(std::string const& name) {
         std::error_code error;
-        auto const size = std::filesystem::file_size(systemPath(name), error);
+        auto const size = name == "-" ? 0 : std::filesystem::file_size(systemPath(name.c_str()), error);
         bar_.begin(error ? 0 : static_cast<double>(size));
     }
 

@@ -1,5 +1,6 @@
 #include "FilePairs.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <map>
 #include <system_error>
@@ -27,7 +28,7 @@ std::string nameInFolder(std::string const& folder, std::string const& input, st
     std::size_t const dot = name.rfind('.');
     std::string const stem = name.substr(0, dot == 0 ? std::string::npos : dot);
     return folder + (folder.back() == '/' || folder.back() == '\\' ? "" : "/") + stem +
-           (format.front() == '.' ? "" : ".") + format;
+           (format.front() == '.' ? "" : ".") + lowered(format);
 }
 
 KOVIResult pairWithFolder(CommandLine const& line, std::vector<FilePair>& pairs) {
@@ -64,7 +65,7 @@ KOVIFile named(std::string const& name) {
 
 KOVIResult pairFiles(CommandLine const& line, std::vector<FilePair>& pairs) {
     std::string const& last = line.names.back();
-    if (last.empty())
+    if (std::any_of(line.names.begin(), line.names.end(), [](std::string const& name) { return name.empty(); }))
         return fail(kInvalidArgument, "''", kNowhere, "names no file");
     if (isFolder(last))
         return pairWithFolder(line, pairs);

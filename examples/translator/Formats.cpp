@@ -54,7 +54,7 @@ Formats::~Formats() {
     KOVALibraryManager::FreeLibraries();
 }
 
-/// Whose names end in what: ".obj, .ply or .stl".
+/// The ends of names: ".obj, .ply or .stl".
 std::string Formats::known() const {
     std::string text;
     std::size_t left = byExtension_.size();
@@ -111,10 +111,12 @@ Format const* Formats::of(std::string_view extension, char const* file, char con
         result = found->second.result;
     else if (byExtension_.empty())
         result = fail(kInvalidComponent, file, kNowhere, "no format library stands beside the program");
-    else
+    else if (option)
         result =
             fail(kInvalidArgument, file, kNowhere,
                  "not a known format; name a file that ends in %s, or its format with %s", known().c_str(), option);
+    else
+        result = fail(kInvalidArgument, file, kNowhere, "not a known format, which are %s", known().c_str());
     return nullptr;
 }
 

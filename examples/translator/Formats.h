@@ -26,7 +26,7 @@ public:
     /// Null for one that is not known, or whose library will not do, which is reported once.
     Format const* of(std::string_view extension);
     /// The same for a file. Null is reported, and the result is Invalid Argument or Invalid Component; `option` is
-    /// the argument that names the format of a file whose name does not.
+    /// the argument that would name the format; null where the argument is to blame, which stands for the file then.
     Format const* of(std::string_view extension, char const* file, char const* option, KOVIResult& result);
     /// Those that will do; the others are reported once.
     std::vector<Format const*> all();

@@ -9,7 +9,7 @@
 
 namespace toolkit {
 
-ProgressBar::ProgressBar() : isDrawn_(KOVAConsoleLogger::IsTerminal()) {}
+ProgressBar::ProgressBar() : isDrawn_(KOVAConsoleLogger::CanErase()) {}
 
 void ProgressBar::begin(double size) {
     erase();
@@ -25,8 +25,10 @@ void ProgressBar::show(double percent) {
     std::size_t const filled = static_cast<std::size_t>(done * kWidth);
     std::string const bar = std::string(filled, '#') + std::string(kWidth - filled, '.');
     double const seconds = std::chrono::duration<double>(Clock::now() - start_).count();
-    std::fprintf(stderr, "\r[%s] %3.0f %%  %.1f MB/s\033[K", bar.c_str(), 100 * done,
-                 done * size_ / 1e6 / std::max(seconds, 1e-3));
+    std::fprintf(stderr, "\r[%s] %3.0f %%", bar.c_str(), 100 * done);
+    if (size_ > 0)
+        std::fprintf(stderr, "  %.1f MB/s", done * size_ / 1e6 / std::max(seconds, 1e-3));
+    std::fputs("\033[K", stderr);
     std::fflush(stderr);
     isVisible_ = true;
 }

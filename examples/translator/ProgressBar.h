@@ -13,7 +13,7 @@ public:
     ProgressBar& operator=(ProgressBar const&) = delete;
     ~ProgressBar() { erase(); }
 
-    /// A new file begins, of so many bytes.
+    /// A new file begins, of so many bytes; 0 where that is not known.
     void begin(double size);
     void show(double percent);
     void erase();

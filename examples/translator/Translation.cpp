@@ -131,10 +131,10 @@ struct Output {
 /// reading, unless the whole model has to be there first.
 class Conversion : private ModelSink {
 public:
-    Conversion(Job const& job, Format const& from, Format const& to)
-        : job_(job), inputName_(nameOf(job.input)), outputName_(nameOf(job.output)), from_(from), to_(to),
-          options_(allOptions({&from, &to}, optionsOf(job.options))), settings_(options_), placements_(job.placements),
-          isHeld_(job.isSplit || job.placements.size() > 1) {
+    Conversion(Job const& job, Format const& from, Format const& to, TakenFiles& taken)
+        : job_(job), taken_(taken), inputName_(nameOf(job.input)), outputName_(nameOf(job.output)), from_(from),
+          to_(to), options_(allOptions({&from, &to}, optionsOf(job.options))), settings_(options_),
+          placements_(job.placements), isHeld_(job.isSplit || job.placements.size() > 1) {
         if (placements_.empty())
             placements_.emplace_back();
     }
@@ -154,9 +154,8 @@ private:
     void openOutput(std::string const& name);
     void beginOutput(Output& output);
     void completeOutput(Output& output);
-    void requireFree(char const* name) const;
+    void take(std::string const& name);
     static void requireOpen(OutputFile const& file);
-    void requireNotRead(OutputFile const& file) const;
     static void complete(OutputFile& file, long long bytes);
     static void keep(OutputFile& file);
     void keepOutputs();
@@ -173,6 +172,7 @@ private:
     }
 
     Job const& job_;
+    TakenFiles& taken_;
     std::string const inputName_;
     std::string const outputName_;
     char const* const input_ = inputName_.c_str();
@@ -319,17 +319,14 @@ void Conversion::openOutput() {
 }
 
 void Conversion::openOutput(std::string const& name) {
-    if (inputFile_ && isSameFile(input_, name.c_str()))
-        throw Failed{fail(kInvalidArgument, name.c_str(), kNowhere, "is the input too; name another file to write")};
-    requireFree(name.c_str());
+    take(name);
     requireOpen(outputs_.emplace_back(name).file);
 }
 
-void Conversion::requireFree(char const* name) const {
-    for (std::string const& log : job_.logs) {
-        if (!log.empty() && isSameFile(log.c_str(), name))
-            throw Failed{fail(kInvalidArgument, name, kNowhere, "is a log of this run; name another file to write")};
-    }
+void Conversion::take(std::string const& name) {
+    if (char const* const use = taken_.useOf(name))
+        throw Failed{fail(kInvalidArgument, name.c_str(), kNowhere, "is %s; name another file to write", use)};
+    taken_.add(name, "another output of this run");
 }
 
 /// At once: errno still tells why.
@@ -348,15 +345,6 @@ void Conversion::beginOutput(Output& output) {
         output.writer->reserve(expected_);
 }
 
-/// It would lose what the output does not keep of it.
-void Conversion::requireNotRead(OutputFile const& file) const {
-    for (std::string const& name : reader_->furtherFiles()) {
-        if (isSameFile(name.c_str(), file.name()))
-            throw Failed{
-                fail(kInvalidArgument, file.name(), kNowhere, "was read with the input; name another file to write")};
-    }
-}
-
 void Conversion::complete(OutputFile& file, long long bytes) {
     if (!file.complete())
         throw Failed{fail(kFileSaveError, file.name(), atByte(file.size()),
@@ -368,10 +356,11 @@ void Conversion::completeOutput(Output& output) {
         beginOutput(output);
     output.writer->finish();
     output.further = output.writer->takeFiles();
+    for (std::string const& name : reader_->furtherFiles())
+        taken_.add(name, "a file that was read with an input");
     for (FurtherFile const& each : output.further) {
         requireOpen(*each.file);
-        requireNotRead(*each.file);
-        requireFree(each.file->name());
+        take(each.file->name());
     }
     complete(output.file, output.writer->bytes());
     for (FurtherFile const& each : output.further)
@@ -507,7 +496,7 @@ Format const* formatOf(Formats& formats, KOVIFile const& file, std::string const
     return formats.of(given.empty() ? extensionOf(name.c_str()) : given, name.c_str(), option, result);
 }
 
-KOVIResult convert(Formats& formats, Job const& job, KOVAConvertedEntitiesInfo& entities) {
+KOVIResult convert(Formats& formats, Job const& job, TakenFiles& taken, KOVAConvertedEntitiesInfo& entities) {
     KOVIResult result = kSuccess;
     Format const* const from = formatOf(formats, job.input, job.fromFormat, "--from-format", result);
     if (!from)
@@ -518,17 +507,25 @@ KOVIResult convert(Formats& formats, Job const& job, KOVAConvertedEntitiesInfo& 
     if (job.isSplit && streamOf(job.output))
         return fail(kInvalidArgument, nameOf(job.output).c_str(), kNowhere,
                     "parts that become files of their own need a name; name a file to write");
-    return Conversion(job, *from, *to).run(entities);
+    if (!streamOf(job.input))
+        taken.add(nameOf(job.input), "the input too");
+    return Conversion(job, *from, *to, taken).run(entities);
 }
 
 } // namespace
 
-KOVIResult translate(Formats& formats, Job const& job) {
+KOVIResult translate(Formats& formats, Job const& job, TakenFiles& taken) {
     fire<KOVAStartConversionTaskEvent>();
     KOVAConvertedEntitiesInfo entities;
-    KOVIResult const result = guarded(nameOf(job.input).c_str(), [&] { return convert(formats, job, entities); });
+    KOVIResult const result =
+        guarded(nameOf(job.input).c_str(), [&] { return convert(formats, job, taken, entities); });
     fire<KOVAEndConversionTaskEvent>(entities, result);
     return result;
+}
+
+KOVIResult translate(Formats& formats, Job const& job) {
+    TakenFiles taken;
+    return translate(formats, job, taken);
 }
 
 } // namespace toolkit

@@ -10,6 +10,7 @@
 #include <kova/public/KOVIUnit.h>
 
 #include "Formats.h"
+#include "TakenFiles.h"
 
 namespace toolkit {
 
@@ -22,15 +23,16 @@ struct Job {
     KOVIUnit toUnit = {};     ///< of the output; unknown for that of the input
     /// Where the model is put, in units of the input: one instance for each, in this order. None for as it is.
     std::vector<KOVAAssemblyComponentTransform> placements = {};
-    bool isSplit = false;               ///< each part becomes a file of its own
-    std::vector<std::string> logs = {}; ///< files that are no output; empty names are none
-    std::string fromFormat = {};        ///< "obj"; empty for what the input's name says
-    std::string toFormat = {};          ///< of the output
+    bool isSplit = false;        ///< each part becomes a file of its own
+    std::string fromFormat = {}; ///< "obj"; empty for what the input's name says
+    std::string toFormat = {};   ///< of the output
 };
 
 /// Translates a file to another. Reports what was read and written as messages, and the tasks of the conversion as
 /// their events. A failure is reported as one error and leaves every output file as it was. Ends early with Aborted,
 /// and in the same way, when KOVACallbackShared says so.
+/// What it reads and writes joins the files that are taken, and no output takes the place of one of these.
+KOVIResult translate(Formats& formats, Job const& job, TakenFiles& taken);
 KOVIResult translate(Formats& formats, Job const& job);
 
 } // namespace toolkit

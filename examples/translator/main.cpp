@@ -1,7 +1,10 @@
-// kova-translate INPUT OUTPUT: reads a model in one format and writes it in another.
+// kova-translate: reads models in one format and writes them in another.
 
+#include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -75,6 +78,15 @@ KOVIResult readOptions(CommandLine const& line, toolkit::OptionTable& options) {
 /// All are tried, until somebody ends the run. The result is that of the first that fails.
 KOVIResult translateAll(CommandLine const& line, std::vector<FilePair> const& pairs, KOVIOptions const& options,
                         Formats& formats, toolkit::Console& console) {
+    toolkit::TakenFiles taken;
+    for (std::string const& log : {line.log, line.jsonLog})
+        taken.add(log, "a log of this run");
+    for (std::string const& file : line.optionFiles)
+        taken.add(file, "an options file of this run");
+    for (FilePair const& pair : pairs) {
+        if (pair.input != "-")
+            taken.add(pair.input, pairs.size() > 1 ? "an input of this run" : "the input too");
+    }
     KOVIResult result = kSuccess;
     int done = 0;
     int failed = 0;
@@ -87,17 +99,20 @@ KOVIResult translateAll(CommandLine const& line, std::vector<FilePair> const& pa
         job.toUnit = line.toUnit;
         job.placements = line.placements;
         job.isSplit = line.isSplit;
-        job.logs = {line.log, line.jsonLog};
-        console.setInputSize(pair.input.c_str());
-        KOVIResult const next = toolkit::translate(formats, job);
-        if (next == toolkit::kAborted)
-            return next;
+        console.setInputSize(pair.input);
+        KOVIResult const next = toolkit::translate(formats, job, taken);
+        if (next == toolkit::kAborted) {
+            result = next;
+            break;
+        }
         ++(next.IsFailure() ? failed : done);
         if (next.IsFailure() && result.IsSuccess())
             result = next;
     }
+    std::size_t const untried = pairs.size() - static_cast<std::size_t>(done + failed);
+    std::string const more = untried > 0 ? ", " + std::to_string(untried) + " not" : "";
     if (pairs.size() > 1)
-        KOVAInfo::PrintfAsItIs("%d files: %d translated, %d failed", done + failed, done, failed);
+        KOVAInfo::PrintfAsItIs("%zu files: %d translated, %d failed%s", pairs.size(), done, failed, more.c_str());
     return result;
 }
 
@@ -118,9 +133,21 @@ KOVIResult runProduct(CommandLine const& line, std::vector<FilePair> const& pair
     return translateAll(line, pairs, options.handle(), formats, console);
 }
 
+/// A format that an argument names is wrong before any file is.
+KOVIResult checkFormats(CommandLine const& line, Formats& formats) {
+    KOVIResult result = kSuccess;
+    if (!line.fromFormat.empty())
+        formats.of(line.fromFormat, ("--from-format=" + line.fromFormat).c_str(), nullptr, result);
+    if (result.IsSuccess() && !line.toFormat.empty())
+        formats.of(line.toFormat, ("--to-format=" + line.toFormat).c_str(), nullptr, result);
+    return result;
+}
+
 KOVIResult run(CommandLine const& line, Formats& formats, toolkit::Console& console) {
     std::vector<FilePair> pairs;
-    KOVIResult result = line.names.empty() ? kSuccess : toolkit::pairFiles(line, pairs);
+    KOVIResult result = checkFormats(line, formats);
+    if (result.IsSuccess() && !line.names.empty())
+        result = toolkit::pairFiles(line, pairs);
     std::vector<std::string> files = line.optionFiles;
     for (FilePair const& pair : pairs)
         files.insert(files.end(), {pair.input, pair.output});
@@ -184,7 +211,9 @@ int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
 #endif
     toolkit::Console console;
-    KOVIResult const result = run(argumentsOf(argc, argv), console);
-    bool const isTold = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
-    return static_cast<int>((isTold || result.IsFailure() ? result : toolkit::kFileSaveError).GetReturnCode());
+    KOVIResult result = run(argumentsOf(argc, argv), console);
+    if (result.IsSuccess() && (std::fflush(stdout) != 0 || std::ferror(stdout) != 0))
+        result = toolkit::fail(toolkit::kFileSaveError, "standard output", toolkit::kNowhere, "cannot be written: %s",
+                               std::strerror(errno));
+    return static_cast<int>(result.GetReturnCode());
 }

@@ -66,7 +66,8 @@ void KOVAConsoleLogger::Initialize(KOVAEventLevel level) {
 
 void KOVAConsoleLogger::Finalize() {
     KOVALogger::Finalize();
-    FreeStandardOutput();
+    if (out_ != errors_)
+        delete out_;
     delete errors_;
     out_ = nullptr;
     errors_ = nullptr;
@@ -79,6 +80,10 @@ void KOVAConsoleLogger::FreeStandardOutput() {
 }
 
 bool KOVAConsoleLogger::IsTerminal() noexcept {
+    return kova::detail::isTerminal(2);
+}
+
+bool KOVAConsoleLogger::CanErase() noexcept {
     return kova::detail::showsColour(2);
 }
 

@@ -31,11 +31,14 @@ public:
     static void SetUp(KOVAEventLevel level);
     static void SetUp(int level) { SetUp(static_cast<KOVAEventLevel>(level)); }
 
-    /// Until Finalize, everything goes to standard error: for programs whose standard output carries what they make.
+    /// From Initialize to Finalize: everything goes to standard error, for programs whose standard output carries what
+    /// they make.
     void FreeStandardOutput();
 
-    /// Standard error is a terminal, and one that can erase what was written: the place for a progress bar.
+    /// Standard error is a terminal.
     static bool IsTerminal() noexcept;
+    /// It is one that can erase what was written, too: the place for a progress bar.
+    static bool CanErase() noexcept;
 
     static KOVAConsoleLogger _console;
 

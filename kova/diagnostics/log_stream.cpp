@@ -16,7 +16,7 @@ namespace {
 
 bool userWantsPlainText() {
     KOVAString value;
-    return KOVAEnvironment::GetVariable("NO_COLOR", value).IsSuccess();
+    return KOVAEnvironment::GetVariable("NO_COLOR", value).IsSuccess() && value.length() > 0;
 }
 
 } // namespace

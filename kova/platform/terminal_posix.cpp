@@ -7,9 +7,13 @@
 
 namespace kova::detail {
 
+bool isTerminal(int file) noexcept {
+    return ::isatty(file) == 1;
+}
+
 bool showsColour(int file) noexcept {
     char const* const kind = std::getenv("TERM");
-    return kind && std::strcmp(kind, "dumb") != 0 && ::isatty(file) == 1;
+    return kind && std::strcmp(kind, "dumb") != 0 && isTerminal(file);
 }
 
 } // namespace kova::detail

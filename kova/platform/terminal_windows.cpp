@@ -9,13 +9,26 @@
 
 namespace kova::detail {
 
-bool showsColour(int file) noexcept {
-    if (!_isatty(file))
-        return false;
-    HANDLE const terminal = reinterpret_cast<HANDLE>(_get_osfhandle(file));
+namespace {
+
+/// The null device counts as a terminal for the C runtime, but has no mode.
+bool getMode(int file, HANDLE& terminal, DWORD& mode) noexcept {
+    terminal = _isatty(file) ? reinterpret_cast<HANDLE>(_get_osfhandle(file)) : INVALID_HANDLE_VALUE;
+    return terminal != INVALID_HANDLE_VALUE && GetConsoleMode(terminal, &mode);
+}
+
+} // namespace
+
+bool isTerminal(int file) noexcept {
+    HANDLE terminal = nullptr;
     DWORD mode = 0;
-    // The null device counts as a terminal for the C runtime, but has no mode.
-    return GetConsoleMode(terminal, &mode) && SetConsoleMode(terminal, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+    return getMode(file, terminal, mode);
+}
+
+bool showsColour(int file) noexcept {
+    HANDLE terminal = nullptr;
+    DWORD mode = 0;
+    return getMode(file, terminal, mode) && SetConsoleMode(terminal, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
 } // namespace kova::detail
