@@ -43,7 +43,7 @@ public:
     virtual void finish() = 0;
 
     /// Once it is finished: the files that belong to the output, for the caller to complete and keep with it. One that
-    /// could not be created is the last, and errno tells why.
+    /// could not be created is among them.
     virtual std::vector<FurtherFile> takeFiles() { return {}; }
 
     /// What was written, "OBJ, 2 faces, 4 vertices".

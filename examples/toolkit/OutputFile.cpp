@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <random>
 #include <string>
 #include <system_error>
@@ -17,6 +18,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kBlock = 1 << 16;
+constexpr int kMostLinks = 40;
 
 /// A name in the folder that nobody else takes: sixteen random digits make it one.
 fs::path unusedName(fs::path const& folder) {
@@ -41,25 +43,28 @@ OutputFile::OutputFile(std::string name) : KOVAOutputStream(nullptr), name_(std:
 OutputFile::OutputFile(std::FILE* stream, std::string name)
     : KOVAOutputStream(nullptr), name_(std::move(name)), descriptor_(writing(stream)), isStream_(true) {}
 
-/// Leaves errno as the system set it.
+void OutputFile::noteReason(int error) {
+    if (reason_.empty())
+        reason_ = std::strerror(error);
+}
+
 void OutputFile::open() {
     std::error_code error;
-    fs::path const path = systemPath(name_.c_str());
+    fs::path path = systemPath(name_.c_str());
+    // Where the name leads to in the end, whether anything is there or not.
+    for (int links = 0; links < kMostLinks && fs::is_symlink(path, error); ++links)
+        path = path.parent_path() / fs::read_symlink(path, error);
     bool const exists = fs::exists(path, error);
-    if (exists)
-        target_ = fs::is_regular_file(path, error) ? fs::canonical(path, error) : fs::path();
-    else
-        target_ = fs::is_symlink(path, error) ? path.parent_path() / fs::read_symlink(path, error) : path;
-    bool const isWritable = !exists || target_.empty() || openFile(target_, "r+b");
-    if (!isWritable)
-        return;
-    if (!target_.empty()) {
-        written_ = unusedName(target_.parent_path());
-        file_ = openFile(written_, "wb");
-    } else {
-        file_ = openFile(path, "wb");
-    }
-    isRemovedAtEnd_ = file_ && !written_.empty();
+    // What the system offers as a device may be a link to a file that others write too.
+    bool const isFile = (!exists || fs::is_regular_file(path, error)) && name_.rfind("/dev/", 0) != 0;
+    target_ = isFile ? path : fs::path();
+    if (exists && isFile && !openFile(target_, "r+b"))
+        return noteReason(errno);
+    written_ = isFile ? unusedName(target_.parent_path()) : path;
+    file_ = openFile(written_, "wb");
+    if (!file_)
+        noteReason(errno);
+    isRemovedAtEnd_ = file_ && isFile;
 }
 
 /// A stream may be one that only appends, or stand anywhere. The temporary file loses its name at once, where it can
@@ -68,8 +73,11 @@ bool OutputFile::allowOverwriting() {
     if (!isStream_ && descriptor_->offset(0) != -1)
         return true;
     std::error_code error;
-    written_ = unusedName(fs::temp_directory_path(error));
-    held_ = openFile(written_, "w+b");
+    fs::path const folder = fs::temp_directory_path(error);
+    written_ = unusedName(folder);
+    held_ = error ? nullptr : openFile(written_, "w+b");
+    if (!held_)
+        noteReason(error ? error.value() : errno);
     isRemovedAtEnd_ = held_ && !fs::remove(written_, error);
     destination_ = std::exchange(descriptor_, writing(held_.get()));
     return held_ != nullptr;
@@ -103,6 +111,8 @@ void OutputFile::write(char const* const buffer, int count) {
     int const written = descriptor_->writeBytes(buffer, static_cast<unsigned int>(count), -1);
     size_ += std::max(written, 0);
     isSound_ = written == count;
+    if (!isSound_)
+        noteReason(errno);
 }
 
 void OutputFile::overwrite(long at, std::string_view bytes) {
@@ -114,7 +124,11 @@ void OutputFile::overwrite(long at, std::string_view bytes) {
 bool OutputFile::complete() {
     if (held_ && isSound_)
         passOn();
-    return isSound_ && (isStream_ || std::fclose(file_.release()) == 0);
+    if (isSound_ && !isStream_ && std::fclose(file_.release()) != 0) {
+        noteReason(errno);
+        return false;
+    }
+    return isSound_;
 }
 
 bool OutputFile::keep() {
@@ -125,6 +139,8 @@ bool OutputFile::keep() {
         fs::permissions(written_, fs::status(target_, error).permissions(), error);
     fs::rename(written_, target_, error);
     isRemovedAtEnd_ = isRemovedAtEnd_ && error;
+    if (error)
+        reason_ = error.message();
     return !error;
 }
 

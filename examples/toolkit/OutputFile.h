@@ -25,10 +25,12 @@ public:
     ~OutputFile() override;
 
     char const* name() const noexcept { return name_.c_str(); }
-    /// Whether it could be created; if not, errno tells why.
+    /// Whether it could be created.
     bool isOpen() const noexcept { return file_ || isStream_; }
-    /// An open stream has no folder for files beside it.
-    bool hasFolder() const noexcept { return !isStream_; }
+    /// What the system says of the operation that failed first.
+    std::string const& reason() const noexcept { return reason_; }
+    /// Streams and devices have none, for files beside them.
+    bool hasFolder() const noexcept { return !target_.empty(); }
     /// For who will overwrite, before anything is written: what cannot be positioned keeps all in a temporary file
     /// until it is complete. False where that cannot be made.
     bool allowOverwriting();
@@ -48,6 +50,7 @@ public:
 private:
     void open();
     void passOn();
+    void noteReason(int error);
 
     std::string name_;
     std::filesystem::path target_;  ///< empty for what is no file
@@ -59,6 +62,7 @@ private:
     bool isStream_ = false;
     long long size_ = 0;
     bool isSound_ = true; ///< the system took all so far
+    std::string reason_;
     bool isRemovedAtEnd_ = false;
 };
 

@@ -31,9 +31,18 @@ std::string protectedPercents(std::string const& text) {
     return result;
 }
 
+/// A long name loses its middle, so that there is room for what is said of it.
+std::string shownName(std::string_view name) {
+    constexpr std::size_t kMost = 300;
+    if (name.size() <= kMost)
+        return printable(name);
+    std::string const begin(name.substr(0, kMost / 2));
+    return printable(begin + "..." + std::string(name.substr(name.size() - kMost / 2)));
+}
+
 /// "FILE: text (line N)".
 std::string placed(char const* file, Place place, std::string const& text) {
-    std::string result = std::string(file) + ": " + text;
+    std::string result = shownName(file) + ": " + text;
     if (place.kind != Place::Nowhere)
         result += (place.kind == Place::Line ? " (line " : " (byte offset ") + std::to_string(place.number) + ")";
     return protectedPercents(result);

@@ -58,9 +58,9 @@ std::vector<Section> const& sections() {
     static std::vector<Section> const all = {
         {"Formats and units",
          {{"--from-format", 0, "FORMAT", "a format, such as obj,",
-           "the input's format, whatever its name: stl, obj or so",
+           "the input's format, whatever its name; '-' needs it",
            [](Text text, CommandLine& line) { return takeText(text, line.fromFormat); }},
-          {"--to-format", 0, "FORMAT", "a format, such as obj,", "the output's; needed for '-' and for a folder",
+          {"--to-format", 0, "FORMAT", "a format, such as obj,", "the output's; '-' and a FOLDER need it",
            [](Text text, CommandLine& line) { return takeText(text, line.toFormat); }},
           {"--list-formats", 0, nullptr, nullptr, "print the ends of names, and their formats",
            [](Text, CommandLine& line) { return line.wish = CommandLine::ListFormats, true; }},
@@ -129,7 +129,7 @@ constexpr char kRest[] = "\n"
                          "\n"
                          "Exit status:\n"
                          "  0   everything was translated, even if it had no triangles\n"
-                         "  3   ended by Ctrl-C or SIGTERM\n"
+                         "  3   ended by Ctrl-C, SIGTERM or SIGHUP\n"
                          "  4   the format cannot be read\n"
                          "  7   an unexpected error, such as too little memory\n"
                          "  9   the library of a format is damaged, or made for another version\n"
@@ -147,9 +147,10 @@ constexpr char kRest[] = "\n"
                          "  KOVANAME                the option NAME, as in KOVA/XMesh/Export/Digits; wins\n"
                          "                          over --set, that over --options, and later ones over\n"
                          "                          earlier ones\n"
-                         "  KOVAConsoleTracesLevel  wins over --level, and does not know BRIEF\n"
+                         "  KOVAConsoleTracesLevel  wins over --level; in capitals, and any text that is no\n"
+    "                          level, BRIEF included, shows nothing\n"
                          "  KOVALogLevel            the level of both logs; without it, INFO\n"
-                         "  NO_COLOR                no colours on terminals\n"
+                         "  NO_COLOR                no colours on terminals, if it is not empty\n"
                          "\n"
                          "Examples:\n"
                          "  kova-translate part.stl part.obj\n"

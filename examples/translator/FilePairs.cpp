@@ -17,6 +17,13 @@ namespace {
 
 constexpr char kStandard[] = "-";
 
+bool wasInputOpen = true;
+bool wasOutputOpen = true;
+
+bool isOpen(int file) {
+    return KOVAFileDescriptor(file, KOVAFileDescriptor::None).mode() != KOVAFileDescriptor::None;
+}
+
 bool isFolder(std::string const& name) {
     std::error_code error;
     return name.back() == '/' || name.back() == '\\' || std::filesystem::is_directory(systemPath(name.c_str()), error);
@@ -63,6 +70,20 @@ KOVIFile named(std::string const& name) {
 
 } // namespace
 
+void holdStandardStreams() {
+    wasInputOpen = isOpen(0);
+    wasOutputOpen = isOpen(1);
+    if (wasInputOpen && wasOutputOpen && isOpen(2))
+        return;
+    // Each takes the lowest place that is free.
+    for (std::FILE* file = std::tmpfile(); file; file = std::tmpfile()) {
+        if (KOVAFileDescriptor(file, KOVAFileDescriptor::Read).fileNumber() > 2) {
+            std::fclose(file);
+            return;
+        }
+    }
+}
+
 KOVIResult pairFiles(CommandLine const& line, std::vector<FilePair>& pairs) {
     std::string const& last = line.names.back();
     if (std::any_of(line.names.begin(), line.names.end(), [](std::string const& name) { return name.empty(); }))
@@ -74,6 +95,10 @@ KOVIResult pairFiles(CommandLine const& line, std::vector<FilePair>& pairs) {
     if (last == kStandard && line.showsOptions)
         return fail(kInvalidArgument, "--show-options", kNowhere,
                     "wants standard output for itself; name a file to write");
+    if (line.names.front() == kStandard && !wasInputOpen)
+        return fail(kFileOpenError, "standard input", kNowhere, "is closed");
+    if (last == kStandard && !wasOutputOpen)
+        return fail(kFileOpenError, "standard output", kNowhere, "is closed");
     pairs.push_back({line.names.front(), last});
     return kSuccess;
 }

@@ -15,6 +15,10 @@ struct FilePair {
     std::string output;
 };
 
+/// First of all: a standard stream that is closed keeps its place, which the next file that is opened would get
+/// otherwise, and with it the messages.
+void holdStandardStreams();
+
 /// One for each input of the command line. What cannot be, such as two inputs for one output, is reported; Invalid
 /// Argument.
 KOVIResult pairFiles(CommandLine const& line, std::vector<FilePair>& pairs);

@@ -231,7 +231,13 @@ void Conversion::openInput() {
 KOVIResult Conversion::readEntities() {
     fire<KOVAStartReadEntitiesTaskEvent>();
     fire<KOVAStartConversionStageEvent>("Translation", 1, 0.0, false);
-    KOVIResult const result = guarded(input_, [this] { return reader_->read(*this); });
+    KOVIResult const result = guarded(input_, [this] {
+        KOVIResult const read = reader_->read(*this);
+        if (read.IsSuccess() && watched_->isBroken())
+            return fail(kInvalidFile, input_, kNowhere, "cannot be read to its end: %s",
+                        std::strerror(watched_->error()));
+        return read;
+    });
     // What is dropped because the user wants it so has not failed.
     long long const failed =
         settings_.degenerate == Degenerate::Fail && result.IsFailure() && !outputs_.empty() && outputs_.back().writer
@@ -329,11 +335,9 @@ void Conversion::take(std::string const& name) {
     taken_.add(name, "another output of this run");
 }
 
-/// At once: errno still tells why.
 void Conversion::requireOpen(OutputFile const& file) {
-    int const error = errno;
     if (!file.isOpen())
-        throw Failed{fail(kFileOpenError, file.name(), kNowhere, "cannot be created: %s", std::strerror(error))};
+        throw Failed{fail(kFileOpenError, file.name(), kNowhere, "cannot be created: %s", file.reason().c_str())};
 }
 
 /// Not before the units are settled: formats write them in front.
@@ -348,7 +352,7 @@ void Conversion::beginOutput(Output& output) {
 void Conversion::complete(OutputFile& file, long long bytes) {
     if (!file.complete())
         throw Failed{fail(kFileSaveError, file.name(), atByte(file.size()),
-                          "only %lld of %lld bytes could be written; is the disk full?", file.size(), bytes)};
+                          "only %lld of %lld bytes could be written: %s", file.size(), bytes, file.reason().c_str())};
 }
 
 void Conversion::completeOutput(Output& output) {
@@ -375,7 +379,7 @@ void Conversion::completeOutput(Output& output) {
 
 void Conversion::keep(OutputFile& file) {
     if (!file.keep())
-        throw Failed{fail(kFileSaveError, file.name(), kNowhere, "cannot be replaced")};
+        throw Failed{fail(kFileSaveError, file.name(), kNowhere, "cannot take its place: %s", file.reason().c_str())};
 }
 
 void Conversion::keepOutputs() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cerrno>
 
 #include <kova/diagnostics/KOVATaskEvents.h>
 #include <kova/model/KOVACallbackShared.h>
@@ -20,6 +21,8 @@ public:
     int read(char* const buffer, int count) override {
         KOVACallbackShared::IsAborted();
         int const got = KOVAFilterInputStream::read(buffer, count);
+        if (got < 0 && error_ == 0)
+            error_ = errno;
         offset_ += got > 0 ? got : 0;
         if (size_ > 0 && offset_ - told_ >= std::max(size_ / kTimes, kLeast)) {
             told_ = offset_;
@@ -28,6 +31,10 @@ public:
         return got;
     }
 
+    /// The system refused to read on, which a reader takes for the end of the file.
+    bool isBroken() const noexcept { return error_ != 0; }
+    int error() const noexcept { return error_; }
+
 private:
     static constexpr long long kTimes = 200;
     static constexpr long long kLeast = 1 << 20; ///< bytes
@@ -35,6 +42,7 @@ private:
     long long size_;
     long long offset_ = 0;
     long long told_ = 0; ///< the offset that was heard of last
+    int error_ = 0;      ///< as in errno
 };
 
 } // namespace toolkit

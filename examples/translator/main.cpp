@@ -210,6 +210,7 @@ int main(int argc, char** argv) {
     // A pipe that nobody reads any more is an output that cannot be written.
     std::signal(SIGPIPE, SIG_IGN);
 #endif
+    toolkit::holdStandardStreams();
     toolkit::Console console;
     KOVIResult result = run(argumentsOf(argc, argv), console);
     if (result.IsSuccess() && (std::fflush(stdout) != 0 || std::ferror(stdout) != 0))

@@ -15,7 +15,7 @@ class LogStream;
 /// is all that an application needs. The user has the last word on the level: when the environment variable
 /// "KOVAConsoleTracesLevel" is set, it decides, and a text that is no keyword silences the console.
 ///
-/// Warnings and errors are coloured where standard error is a terminal and the variable NO_COLOR is not set.
+/// Warnings and errors are coloured where standard error is a terminal and the variable NO_COLOR is not set, or empty.
 class KOVA_API KOVAConsoleLogger : public KOVALogger {
 public:
     KOVAConsoleLogger() = default;

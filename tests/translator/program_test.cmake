@@ -35,7 +35,7 @@ if(NOT count EQUAL 4512)
 endif()
 file(WRITE ${folder}/empty.obj "v 0 0 0\n")
 expect_run(0 "^$" "^$" empty.obj empty.stl)
-expect_run(0 "^$" "^$" -q empty.obj empty.stl)
+expect_run(0 "^$" "^$" ${BRIEF} -q empty.obj empty.stl)
 expect_run(0 "^$" "^empty.obj: .*Warning : empty.obj: there is no triangle to translate\n" empty.obj empty.stl --level=Brief)
 expect_run(0 "^$" "^Product .*empty.obj: OBJ.*\nProduct Completed Successfully\n$" -v empty.obj empty.stl)
 
@@ -100,6 +100,7 @@ expect_same("模型.größe.obj" bearing.obj)
 # Several inputs.
 file(MAKE_DIRECTORY ${folder}/all)
 file(WRITE ${folder}/cut.stl "solid cut\nfacet")
+file(WRITE ${folder}/a_b.mtl "# no options")
 expect_run(21 "^$" "^again.stl: .*\nError : cut.stl: [^\n]*\nflat.obj: .*\n3 files: 2 translated, 1 failed\n$" ${BRIEF}
   again.stl cut.stl flat.obj all --to-format=ply)
 expect_run(21 "^$" "^Error : cut.stl: [^\n]*\n$" again.stl cut.stl flat.obj all/ --to-format=.ply)
@@ -115,7 +116,10 @@ foreach(mistake
     "all/FLAT.stl: both flat.obj and FLAT.ply would be written there| flat.obj FLAT.ply all --to-format stl"
     "all: is a folder, and standard input has no name to put there; .*| - all --to-format stl"
     "again.obj: is no folder; several inputs need one to go to| flat.obj again.stl again.obj"
-    "--to-format: a format, such as obj, should follow, not ''| flat.obj x --to-format=")
+    "--to-format: a format, such as obj, should follow, not ''| flat.obj x --to-format="
+    "--to-format=sla: not a known format, which are .obj, .ply or .stl| flat.obj again.stl all --to-format=sla"
+    "a_b.mtl: is an options file of this run; name another file to write| red.obj a_b.obj --options a_b.mtl"
+    "x.mtl: is another output of this run; name another file to write| red.obj x.mtl --to-format obj")
   string(REGEX MATCH "^(.*)[|] (.*)$" all "${mistake}")
   separate_arguments(arguments UNIX_COMMAND "${CMAKE_MATCH_2}")
   expect_run(11 "^$" "^Error : ${CMAKE_MATCH_1}\n$" ${arguments})
@@ -228,7 +232,7 @@ endforeach()
 
 # The help's list of exit statuses is that of those that were seen. Ctrl-C is for a test of its own.
 if(EXISTS /dev/full AND words EQUAL 1)
-  expect_run(15 "^$" "^Error : /dev/full: only 0 of [0-9]+ bytes could be written; [^\n]*\n$" flat.obj /dev/full --to-format ply)
+  expect_run(15 "^$" "^Error : /dev/full: only 0 of [0-9]+ bytes could be written: No space left on device [^\n]*\n$" flat.obj /dev/full --to-format ply)
 endif()
 get_property(seen GLOBAL PROPERTY STATUSES)
 if(words GREATER 1)

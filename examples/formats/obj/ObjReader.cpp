@@ -279,6 +279,9 @@ KOVIResult ObjReader::readStatement(std::string_view statement, ModelSink& sink,
 }
 
 KOVIResult ObjReader::read(ModelSink& sink) {
+    // An empty file is a model without anything; a pipe that has nothing broke before.
+    if (size_ < 0 && in_.lookAhead(1).empty())
+        return fail(kInvalidFile, file_, atByte(0), "the file is empty");
     ShellBuilder shells(sink);
     std::string_view statement;
     while (lines_.next(statement)) {

@@ -24,7 +24,8 @@ public:
         if (output.allowOverwriting())
             return std::make_unique<toolkit::BinaryStlWriter>(output, settings);
         toolkit::fail(toolkit::kFileOpenError, output.name(), toolkit::kNowhere,
-                      "binary STL cannot be held in a temporary file until its triangles are counted");
+                      "binary STL cannot wait in a temporary file until its triangles are counted: %s",
+                      output.reason().c_str());
         return nullptr;
     }
 };
