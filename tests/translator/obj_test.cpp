@@ -213,7 +213,8 @@ TEST_F(Obj, OlderFilesStayWhenTheMaterialsCannotBeWritten) {
     EXPECT_EQ(translate(strict), 21U);
     EXPECT_EQ(folder_.read("out.mtl"), "older too");
     EXPECT_EQ(translate(job("lib.obj")), 11U);
-    EXPECT_EQ(events_.events, Texts{"80 Error : obj/lib.mtl: is a file that was read with an input; name another file to write\n"});
+    EXPECT_EQ(events_.events,
+              Texts{"80 Error : obj/lib.mtl: is a file that was read with an input; name another file to write\n"});
     std::filesystem::remove(folder_.path("out.mtl"));
     std::filesystem::create_directory(folder_.path("out.mtl"));
     EXPECT_EQ(translate(job("out.obj")), 14U);
