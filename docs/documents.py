@@ -10,24 +10,19 @@ README = ROOT / 'README.md'
 BEHAVIOURS = ROOT / 'docs' / 'behaviours.md'
 
 
-def anchors(document):
-    headings = re.findall(r'^#+ (.*)', document.read_text(), re.MULTILINE)
-    return {re.sub(r'[^\w -]', '', heading).lower().replace(' ', '-') for heading in headings}
-
-
 def links(document):
-    for target in re.findall(r'\]\(([^)\s]+)\)', document.read_text()):
-        name, _, anchor = target.partition('#')
-        yield target, (document.parent / name).resolve() if name else document, anchor
+    """The files; links to headings are the reference's matter."""
+    for target in re.findall(r'\]\(([^)\s#]+)', document.read_text()):
+        yield target, (document.parent / target).resolve()
 
 
 def wrong_links():
     documents = [*ROOT.glob('*.md'), *ROOT.glob('docs/*.md')]
     for document in documents:
-        for target, file, anchor in links(document):
-            if not file.exists() or (anchor and anchor not in anchors(file)):
+        for target, file in links(document):
+            if not file.exists():
                 yield f'{document.name}: {target} leads nowhere'
-    reached = {file for _, file, _ in links(README)}
+    reached = {file for _, file in links(README)}
     for document in documents:
         if document != README and document not in reached:
             yield f'README.md does not lead to {document.name}'

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <kova/containers/KOVADynamicArray.h>
-#include <kova/text/KOVAString.h>
+#include <string>
+#include <vector>
 
 /// The process's environment variables, as the C runtime has them, and the arguments that it was started with.
 namespace kova::detail {
@@ -17,6 +17,6 @@ char const* environmentValue(char const* name) noexcept;
 bool putEnvironmentEntry(char const* entry);
 
 /// The program's arguments where the system has them in wide characters; false where those of main are all there is.
-bool wideArguments(KOVADynamicArray<KOVAString>& arguments);
+bool wideArguments(std::vector<std::u16string>& arguments);
 
 } // namespace kova::detail

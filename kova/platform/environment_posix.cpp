@@ -18,7 +18,7 @@ bool putEnvironmentEntry(char const* entry) {
     return separator && setenv(std::string(entry, separator).c_str(), separator + 1, 1) == 0;
 }
 
-bool wideArguments(KOVADynamicArray<KOVAString>& /*arguments*/) {
+bool wideArguments(std::vector<std::u16string>& /*arguments*/) {
     return false;
 }
 

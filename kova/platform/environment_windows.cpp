@@ -19,7 +19,7 @@ bool putEnvironmentEntry(char const* entry) {
     return _putenv(entry) == 0;
 }
 
-bool wideArguments(KOVADynamicArray<KOVAString>& arguments) {
+bool wideArguments(std::vector<std::u16string>& arguments) {
     constexpr int kExpandWildcards = 1;
     int count = 0;
     wchar_t** words = nullptr;
@@ -28,7 +28,7 @@ bool wideArguments(KOVADynamicArray<KOVAString>& arguments) {
     if (__wgetmainargs(&count, &words, &variables, kExpandWildcards, &startup) != 0)
         return false;
     for (int i = 0; i < count; ++i)
-        arguments.add(KOVAString(reinterpret_cast<unsigned short const*>(words[i])));
+        arguments.emplace_back(reinterpret_cast<char16_t const*>(words[i]));
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include <kova/core/results.h>
 #include <kova/diagnostics/KOVAInfo.h>
@@ -77,8 +78,10 @@ KOVIResult KOVAEnvironment::PutVariable(KOVAString const& name, KOVAString const
 }
 
 void KOVAEnvironment::GetArguments(int argc, char const* const* argv, KOVADynamicArray<KOVAString>& arguments) {
-    if (kova::detail::wideArguments(arguments))
-        return;
-    for (int i = 0; argv && i < argc && argv[i]; ++i)
+    std::vector<std::u16string> wide;
+    bool const isWide = kova::detail::wideArguments(wide);
+    for (std::u16string const& each : wide)
+        arguments.add(KOVAString(reinterpret_cast<unsigned short const*>(each.c_str())));
+    for (int i = 0; !isWide && argv && i < argc && argv[i]; ++i)
         arguments.add(KOVAString(argv[i]));
 }
