@@ -20,10 +20,6 @@ constexpr char kStandard[] = "-";
 bool wasInputOpen = true;
 bool wasOutputOpen = true;
 
-bool isOpen(int file) {
-    return KOVAFileDescriptor(file, KOVAFileDescriptor::None).mode() != KOVAFileDescriptor::None;
-}
-
 bool isFolder(std::string const& name) {
     std::error_code error;
     return name.back() == '/' || name.back() == '\\' || std::filesystem::is_directory(systemPath(name.c_str()), error);
@@ -70,14 +66,13 @@ KOVIFile named(std::string const& name) {
 
 } // namespace
 
+/// A file takes the lowest place that is free.
 void holdStandardStreams() {
-    wasInputOpen = isOpen(0);
-    wasOutputOpen = isOpen(1);
-    if (wasInputOpen && wasOutputOpen && isOpen(2))
-        return;
-    // Each takes the lowest place that is free.
     for (std::FILE* file = std::tmpfile(); file; file = std::tmpfile()) {
-        if (KOVAFileDescriptor(file, KOVAFileDescriptor::Read).fileNumber() > 2) {
+        int const place = KOVAFileDescriptor(file, KOVAFileDescriptor::Read).fileNumber();
+        wasInputOpen = wasInputOpen && place != 0;
+        wasOutputOpen = wasOutputOpen && place != 1;
+        if (place > 2) {
             std::fclose(file);
             return;
         }
