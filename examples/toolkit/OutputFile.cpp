@@ -51,12 +51,13 @@ void OutputFile::noteReason(int error) {
 void OutputFile::open() {
     std::error_code error;
     fs::path path = systemPath(name_.c_str());
-    // Where the name leads to in the end, whether anything is there or not.
-    for (int links = 0; links < kMostLinks && fs::is_symlink(path, error); ++links)
+    // Where the name leads to in the end, whether anything is there or not. What leads through a process is an open
+    // file of that, such as standard output, and others may write it too.
+    auto const isOpenElsewhere = [&path] { return path.generic_u8string().rfind("/proc/", 0) == 0; };
+    for (int links = 0; links < kMostLinks && !isOpenElsewhere() && fs::is_symlink(path, error); ++links)
         path = path.parent_path() / fs::read_symlink(path, error);
     bool const exists = fs::exists(path, error);
-    // What the system offers as a device may be a link to a file that others write too.
-    bool const isFile = (!exists || fs::is_regular_file(path, error)) && name_.rfind("/dev/", 0) != 0;
+    bool const isFile = (!exists || fs::is_regular_file(path, error)) && !isOpenElsewhere();
     target_ = isFile ? path : fs::path();
     if (exists && isFile && !openFile(target_, "r+b"))
         return noteReason(errno);
@@ -93,7 +94,10 @@ void OutputFile::passOn() {
         count = std::fread(block.data(), 1, block.size(), held_.get());
         write(block.data(), static_cast<int>(count));
     }
-    isSound_ = isSound_ && std::ferror(held_.get()) == 0;
+    if (std::ferror(held_.get()) != 0) {
+        noteReason(errno);
+        isSound_ = false;
+    }
 }
 
 OutputFile::~OutputFile() {
@@ -116,9 +120,12 @@ void OutputFile::write(char const* const buffer, int count) {
 }
 
 void OutputFile::overwrite(long at, std::string_view bytes) {
-    if (isSound_)
-        isSound_ = descriptor_->writeBytes(bytes.data(), static_cast<unsigned int>(bytes.size()), at) ==
-                   static_cast<int>(bytes.size());
+    if (!isSound_)
+        return;
+    isSound_ = descriptor_->writeBytes(bytes.data(), static_cast<unsigned int>(bytes.size()), at) ==
+               static_cast<int>(bytes.size());
+    if (!isSound_)
+        noteReason(errno);
 }
 
 bool OutputFile::complete() {

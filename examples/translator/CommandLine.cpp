@@ -175,20 +175,10 @@ void describe(Argument const& argument, std::string& text) {
     text += row + '\n';
 }
 
-Argument const* findLong(std::string_view name) {
+template <class Predicate> Argument const* find(Predicate const& isWanted) {
     for (Section const& section : sections()) {
         for (Argument const& each : section.arguments) {
-            if (each.name == name)
-                return &each;
-        }
-    }
-    return nullptr;
-}
-
-Argument const* findShort(char name) {
-    for (Section const& section : sections()) {
-        for (Argument const& each : section.arguments) {
-            if (each.shortName == name)
+            if (isWanted(each))
                 return &each;
         }
     }
@@ -200,7 +190,7 @@ KOVIResult takeLong(std::vector<std::string> const& arguments, std::size_t& i, C
     std::string const& text = arguments[i];
     std::size_t const equals = std::min(text.find('='), text.size());
     std::string const name = text.substr(0, equals);
-    Argument const* const argument = findLong(name);
+    Argument const* const argument = find([&name](Argument const& each) { return each.name == name; });
     bool const hasValue = equals < text.size();
     if (!argument)
         return fail(kInvalidArgument, printable(name).c_str(), kNowhere, "no such argument\n%s", kTryHelp);
@@ -218,7 +208,7 @@ KOVIResult takeLong(std::vector<std::string> const& arguments, std::size_t& i, C
 /// "-q", or "-qv". None of them has a value.
 KOVIResult takeShort(std::string const& text, CommandLine& line) {
     for (char const c : text.substr(1)) {
-        Argument const* const argument = findShort(c);
+        Argument const* const argument = find([c](Argument const& each) { return each.shortName == c; });
         if (!argument)
             return fail(kInvalidArgument, printable(text).c_str(), kNowhere,
                         "no such argument; a file of this name is ./%s\n%s", printable(text).c_str(), kTryHelp);

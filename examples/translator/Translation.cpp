@@ -1,7 +1,6 @@
 #include "Translation.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <deque>

@@ -85,7 +85,7 @@ KOVIResult translateAll(CommandLine const& line, std::vector<FilePair> const& pa
         taken.add(file, "an options file of this run");
     for (FilePair const& pair : pairs) {
         if (pair.input != "-")
-            taken.add(pair.input, pairs.size() > 1 ? "an input of this run" : "the input too");
+            taken.add(pair.input, "an input of this run");
     }
     KOVIResult result = kSuccess;
     int done = 0;
