@@ -13,8 +13,8 @@ public:
     /// Fires the text, behind three blanks for each Tab.
     static void Printf(char const* format, ...) KOVA_PRINTF(1, 2);
     static void NoTabPrintf(char const* format, ...) KOVA_PRINTF(1, 2);
-    static void Tab() { ++indentation_; }
-    static void Untab() { --indentation_; }
+    static void Tab() noexcept;
+    static void Untab() noexcept;
 
     /// One message a point; a point is three consecutive floats. Nothing for null.
     static void PrintPointArray(float const* points, int count);
@@ -30,5 +30,5 @@ public:
 
 private:
     KOVADebug() = default;
-    static std::int32_t indentation_;
+    KOVA_LOCAL static std::int32_t indentation_;
 };

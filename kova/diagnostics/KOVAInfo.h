@@ -14,8 +14,8 @@ public:
     /// Indented like Printf, but written without "Message : ".
     static void PrintfAsItIs(char const* format, ...) KOVA_PRINTF(1, 2);
     static void NoTabPrintf(char const* format, ...) KOVA_PRINTF(1, 2);
-    static void Tab() { ++indentation_; }
-    static void Untab() { --indentation_; }
+    static void Tab() noexcept;
+    static void Untab() noexcept;
 
     static void PrintPointArray(float const* points, int count);
     /// One message a row; three rows of three columns, held row by row.
@@ -25,5 +25,5 @@ public:
 
 private:
     KOVAInfo() = default;
-    static std::int32_t indentation_;
+    KOVA_LOCAL static std::int32_t indentation_;
 };

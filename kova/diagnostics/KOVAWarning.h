@@ -9,8 +9,8 @@ class KOVA_API KOVAWarning {
 public:
     static void Printf(char const* format, ...) KOVA_PRINTF(1, 2);
     static void NoTabPrintf(char const* format, ...) KOVA_PRINTF(1, 2);
-    static void Tab() { ++indentation_; }
-    static void Untab() { --indentation_; }
+    static void Tab() noexcept;
+    static void Untab() noexcept;
 
     static void PrintPointArray(float const* points, int count);
     static void Print3x4Matrix(double const* m);
@@ -18,5 +18,5 @@ public:
 
 private:
     KOVAWarning() = default;
-    static std::int32_t indentation_;
+    KOVA_LOCAL static std::int32_t indentation_;
 };

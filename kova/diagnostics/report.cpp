@@ -131,6 +131,14 @@ std::int32_t KOVAVerbose::indentation_ = 0;
 std::int32_t KOVAInfo::indentation_ = 0;
 std::int32_t KOVAWarning::indentation_ = 0;
 
+void KOVADebug::Tab() noexcept {
+    ++indentation_;
+}
+
+void KOVADebug::Untab() noexcept {
+    --indentation_;
+}
+
 void KOVADebug::Printf(char const* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
@@ -178,6 +186,14 @@ float KOVADebug::StopTimer(void* token) {
     return static_cast<float>(std::difftime(std::time(nullptr), *start) * 1000.0);
 }
 
+void KOVAVerbose::Tab() noexcept {
+    ++indentation_;
+}
+
+void KOVAVerbose::Untab() noexcept {
+    --indentation_;
+}
+
 void KOVAVerbose::Printf(char const* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
@@ -204,6 +220,14 @@ void KOVAVerbose::Print3x4Matrix(double const* m) {
 
 void KOVAVerbose::Print4x4Matrix(float const* m) {
     print4x4<KOVAVerbose>(m);
+}
+
+void KOVAInfo::Tab() noexcept {
+    ++indentation_;
+}
+
+void KOVAInfo::Untab() noexcept {
+    --indentation_;
 }
 
 void KOVAInfo::Printf(char const* format, ...) {
@@ -246,6 +270,14 @@ void KOVAInfo::Print3x4Matrix(double const* m) {
 
 void KOVAInfo::Print4x4Matrix(float const* m) {
     print4x4<KOVAInfo>(m);
+}
+
+void KOVAWarning::Tab() noexcept {
+    ++indentation_;
+}
+
+void KOVAWarning::Untab() noexcept {
+    --indentation_;
 }
 
 void KOVAWarning::Printf(char const* format, ...) {

@@ -4,7 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <fstream>
+#include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <system_error>
 
@@ -21,15 +22,21 @@ namespace fs = std::filesystem;
 /// program began; the system's table of mappings has the whole path.
 fs::path ownFile() {
     std::uintptr_t const here = reinterpret_cast<std::uintptr_t>(&moduleExtension);
-    std::ifstream mappings("/proc/self/maps");
-    for (std::string line; std::getline(mappings, line);) {
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> const mappings(std::fopen("/proc/self/maps", "re"), &std::fclose);
+    std::string own;
+    char* line = nullptr;
+    std::size_t room = 0;
+    while (mappings && own.empty() && ::getline(&line, &room, mappings.get()) > 0) {
         std::uintptr_t first = 0;
         std::uintptr_t last = 0;
         int path = -1;
-        if (std::sscanf(line.c_str(), "%" SCNxPTR "-%" SCNxPTR " %*s %*s %*s %*s %n", &first, &last, &path) == 2 &&
+        if (std::sscanf(line, "%" SCNxPTR "-%" SCNxPTR " %*s %*s %*s %*s %n", &first, &last, &path) == 2 &&
             first <= here && here < last && path >= 0)
-            return line.substr(static_cast<std::size_t>(path));
+            own.assign(line + path, std::strcspn(line + path, "\n"));
     }
+    std::free(line);
+    if (!own.empty())
+        return own;
     // Without the table, what the loader calls it will do where it is a whole path.
     Dl_info info = {};
     bool const isNamed = ::dladdr(reinterpret_cast<void*>(&moduleExtension), &info) != 0 && info.dli_fname;

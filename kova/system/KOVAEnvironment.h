@@ -42,5 +42,5 @@ public:
 private:
     KOVAEnvironment();
 
-    static KOVAEnvironment* _pVariables;
+    KOVA_LOCAL static KOVAEnvironment* _pVariables;
 };

@@ -52,6 +52,6 @@ private:
     friend class KOVALibrary;
 
     using Libraries = kova::detail::StringMap<KOVALibraryHandle>;
-    static std::unique_ptr<Libraries> _libraries; ///< null until one is added: loading costs little
-    static KOVATrace log;
+    KOVA_LOCAL static std::unique_ptr<Libraries> _libraries; ///< null until one is added: loading costs little
+    KOVA_LOCAL static KOVATrace log;
 };
