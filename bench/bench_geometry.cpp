@@ -158,6 +158,11 @@ void plainInverse(Placement const& a, Placement& result) {
     result.scaling = one ? 1.0F : static_cast<float>(std::cbrt(double{size}));
 }
 
+/// What Eigen takes for floats whose sums are formed in double, as ours are.
+constexpr auto inverseByDouble = [](auto const& a, auto const& /*unused*/, auto& result) {
+    result = a.template cast<double>().inverse().template cast<float>();
+};
+
 template <int N, class Number> std::vector<std::array<Number, N * N>> plain(Matrices<N> const& all) {
     return made<std::array<Number, N * N>>([&](int i) {
         std::array<Number, N * N> elements;
@@ -193,6 +198,8 @@ void matrix4Rows() {
     auto const glmInverse = [](auto const& a, auto const& /*unused*/, auto& result) { result = glm::inverse(a); };
     batchRow("4x4 inverse, Eigen double", 1.5, ourInverse,
              forEach<RowMajor4d, RowMajor4d>(eigen<RowMajor4d>(all), eigenInverse));
+    batchRow("4x4 inverse, Eigen float summed in double", 1.5, ourInverse,
+             forEach<RowMajor4f, RowMajor4f>(eigen<RowMajor4f>(all), inverseByDouble));
     batchRow("4x4 inverse, Eigen float", 1.5, ourInverse,
              forEach<RowMajor4f, RowMajor4f>(eigen<RowMajor4f>(all), eigenInverse));
     batchRow("4x4 inverse, GLM double", 1.5, ourInverse,
@@ -240,6 +247,8 @@ void matrix3Rows() {
         affine, [](auto const& a, auto const& /*unused*/, auto& result) { a.GetInverse(result); });
     batchRow("3x3 float inverse, Eigen double", 1.0, ourInverse,
              forEach<RowMajor3d, RowMajor3d>(eigen<RowMajor3d>(all), eigenInverse));
+    batchRow("3x3 float inverse, Eigen float summed in double", 1.0, ourInverse,
+             forEach<RowMajor3f, RowMajor3f>(eigen<RowMajor3f>(all), inverseByDouble));
     batchRow("3x3 float inverse, Eigen float", 1.0, ourInverse,
              forEach<RowMajor3f, RowMajor3f>(eigen<RowMajor3f>(all), eigenInverse));
     batchRow("3x3 float inverse, the same operations, plain", 1.0, ourInverse,

@@ -20,9 +20,9 @@ int main() {
     KOVAValue const boolValue(true);
     KOVAValue const textValue("Yes");
 
-    KOVIResult const success(0x00000000);
-    KOVIResult const invalidFile(0x01000015);
-    KOVIResult const foreign(static_cast<long>(0xF1230004));
+    [[maybe_unused]] KOVIResult const success(0x00000000);
+    [[maybe_unused]] KOVIResult const invalidFile(0x01000015);
+    [[maybe_unused]] KOVIResult const foreign(static_cast<long>(0xF1230004));
 
     KOVADynamicArray<int> numbers;
     numbers.add(3);

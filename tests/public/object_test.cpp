@@ -78,7 +78,7 @@ TEST(PublicObject, BodiesAreNumbered) {
 
 template <class Name> class PublicName : public testing::Test {};
 using Names = testing::Types<KOVIName, KOVIComponentName, KOVIReaderWriterName, KOVIRepresentationName, KOVIOptionName>;
-TYPED_TEST_SUITE(PublicName, Names);
+TYPED_TEST_SUITE(PublicName, Names, );
 
 TYPED_TEST(PublicName, IsMadeFromATextAndCopied) {
     TypeParam none, nothing(static_cast<char const*>(nullptr)), name("text");

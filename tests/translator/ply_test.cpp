@@ -266,7 +266,8 @@ TEST_F(Ply, WritesColorsOfMaterials) {
             KOVASurfacicShell shell(0, 0, 0);
             shell.SetData(3, points, 0, nullptr, 3, face, row.hasColors ? 3 : 0, colors);
             writer->add({scene.addPart(""), row.material, shell, row.hasAlphas ? alphas : nullptr});
-            for (std::size_t i : {0, 1, 2}) vertices.push_back(Texts{"0 0 0 ", "1 0 0 ", "0 1 0 "}[i] + row.colors[i]);
+            for (std::size_t const i : {0U, 1U, 2U})
+                vertices.push_back(Texts{"0 0 0 ", "1 0 0 ", "0 1 0 "}[i] + row.colors[i]);
         }
         writer->finish();
         EXPECT_TRUE(file.complete() && file.keep());
