@@ -176,15 +176,15 @@ template <bool Linear, bool Scaled, bool Translated> struct Flat {
     PairMap<Linear, Scaled, Translated> xy;
 };
 
-/// Transforms points of three floats from the first on, four at a time, and says how many: at most three less than
-/// all, or none where the processor has no vectors of four doubles. The same bits as by pairs, in two thirds of
-/// the time.
-long transformFours(PointMap const& map, float* p, long count) noexcept;
+/// Transforms points of three coordinates from the first on, four at a time, and says how many: at most three less
+/// than all, or none without a linear part, or where the processor has no vectors of four doubles. The same bits as
+/// by pairs, in two thirds of the time.
+template <class Number> long transformFours(PointMap const& map, Number* p, long count) noexcept;
 
 template <template <bool, bool, bool> class Kernel, class Number, bool... Parts>
 void transformPoints(PointMap const& map, Number* p, long count) noexcept {
     constexpr std::size_t kDecided = sizeof...(Parts);
-    if constexpr (kDecided == 0 && std::is_same_v<Number, float>) {
+    if constexpr (kDecided == 0 && std::is_same_v<Kernel<true, true, true>, Solid<true, true, true>>) {
         long const done = p && count >= 4 ? transformFours(map, p, count) : 0;
         p += 3 * done;
         count -= done;

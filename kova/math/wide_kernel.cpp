@@ -25,12 +25,24 @@ bool hasWideVectors() noexcept {
     return (kept & kBothHalves) == kBothHalves && __get_cpuid_count(7, 0, &a, &b, &c, &d) && (b & bit_AVX2) != 0;
 }
 
-/// Two of one vector's four floats and two of another's, by their numbers.
-constexpr int pick(int first, int second, int third, int fourth) {
-    return first | second << 2 | third << 4 | fourth << 6;
+[[gnu::target("avx2")]] inline __m256d loadFour(double const* at) noexcept {
+    return _mm256_loadu_pd(at);
 }
 
-template <bool Translated> [[gnu::target("avx2")]] void transform(PointMap const& map, float* p, float* end) noexcept {
+[[gnu::target("avx2")]] inline __m256d loadFour(float const* at) noexcept {
+    return _mm256_cvtps_pd(_mm_loadu_ps(at));
+}
+
+[[gnu::target("avx2")]] inline void storeFour(__m256d numbers, double* at) noexcept {
+    _mm256_storeu_pd(at, numbers);
+}
+
+[[gnu::target("avx2")]] inline void storeFour(__m256d numbers, float* at) noexcept {
+    _mm_storeu_ps(at, _mm256_cvtpd_ps(numbers));
+}
+
+template <bool Scaled, bool Translated, class Number>
+[[gnu::target("avx2")]] void transform(PointMap const& map, Number* p, Number const* end) noexcept {
     __m256d linear[3][3];
     __m256d translation[3];
     for (int i = 0; i < 3; ++i) {
@@ -38,48 +50,64 @@ template <bool Translated> [[gnu::target("avx2")]] void transform(PointMap const
             linear[i][j] = _mm256_set1_pd(map.linear[i][j]);
         translation[i] = _mm256_set1_pd(Translated ? map.translation[i] : 0.0);
     }
+    __m256d const factor = _mm256_set1_pd(Scaled ? *map.factor : 1.0);
+    constexpr int kUpperOfSecond = 12;
+    constexpr int kEvenThenOdd = 10;
+    constexpr int kOddThenEven = 5;
     for (; p != end; p += 12) {
-        __m128 const a = _mm_loadu_ps(p);     // x0 y0 z0 x1
-        __m128 const b = _mm_loadu_ps(p + 4); // y1 z1 x2 y2
-        __m128 const c = _mm_loadu_ps(p + 8); // z2 x3 y3 z3
-        __m128 const yz = _mm_shuffle_ps(a, b, pick(1, 2, 0, 1));
-        __m128 const xy = _mm_shuffle_ps(b, c, pick(2, 3, 1, 2));
-        __m256d const x = _mm256_cvtps_pd(_mm_shuffle_ps(a, xy, pick(0, 3, 0, 2)));
-        __m256d const y = _mm256_cvtps_pd(_mm_shuffle_ps(yz, xy, pick(0, 2, 1, 3)));
-        __m256d const z = _mm256_cvtps_pd(_mm_shuffle_ps(yz, c, pick(1, 3, 0, 3)));
-        __m128 to[3];
+        __m256d const a = loadFour(p);     // x0 y0 z0 x1
+        __m256d const b = loadFour(p + 4); // y1 z1 x2 y2
+        __m256d const c = loadFour(p + 8); // z2 x3 y3 z3
+        __m256d const xy = _mm256_blend_pd(a, b, kUpperOfSecond);
+        __m256d const zx = _mm256_permute2f128_pd(a, c, 0x21);
+        __m256d const yz = _mm256_blend_pd(b, c, kUpperOfSecond);
+        __m256d const x = _mm256_shuffle_pd(xy, zx, kEvenThenOdd);
+        __m256d const y = _mm256_shuffle_pd(xy, yz, kOddThenEven);
+        __m256d const z = _mm256_shuffle_pd(zx, yz, kEvenThenOdd);
+        __m256d to[3];
         for (int i = 0; i < 3; ++i) {
-            __m256d const sum = linear[i][0] * x + linear[i][1] * y + linear[i][2] * z;
-            to[i] = _mm256_cvtpd_ps(Translated ? sum + translation[i] : sum);
+            to[i] = linear[i][0] * x + linear[i][1] * y + linear[i][2] * z;
+            if (Scaled)
+                to[i] = to[i] * factor;
+            if (Translated)
+                to[i] = to[i] + translation[i];
         }
-        __m128 const low = _mm_unpacklo_ps(to[0], to[1]);                  // x0 y0 x1 y1
-        __m128 const high = _mm_unpackhi_ps(to[0], to[1]);                 // x2 y2 x3 y3
-        __m128 const first = _mm_shuffle_ps(to[2], low, pick(0, 1, 2, 3)); // z0 z1 x1 y1
-        __m128 const last = _mm_shuffle_ps(to[2], high, pick(2, 3, 2, 3)); // z2 z3 x3 y3
-        _mm_storeu_ps(p, _mm_shuffle_ps(low, first, pick(0, 1, 0, 2)));
-        _mm_storeu_ps(p + 4, _mm_shuffle_ps(first, high, pick(3, 1, 0, 1)));
-        _mm_storeu_ps(p + 8, _mm_shuffle_ps(last, last, pick(0, 2, 3, 1)));
+        __m256d const toXy = _mm256_unpacklo_pd(to[0], to[1]);
+        __m256d const toZx = _mm256_shuffle_pd(to[2], to[0], kEvenThenOdd);
+        __m256d const toYz = _mm256_unpackhi_pd(to[1], to[2]);
+        storeFour(_mm256_permute2f128_pd(toXy, toZx, 0x20), p);
+        storeFour(_mm256_blend_pd(toYz, toXy, kUpperOfSecond), p + 4);
+        storeFour(_mm256_permute2f128_pd(toZx, toYz, 0x31), p + 8);
     }
 }
 
 } // namespace
 
-long kova::detail::transformFours(PointMap const& map, float* p, long count) noexcept {
+template <class Number> long kova::detail::transformFours(PointMap const& map, Number* p, long count) noexcept {
     static bool const isPossible = hasWideVectors();
-    if (!isPossible || !map.linear || map.factor)
+    if (!isPossible || !map.linear)
         return 0;
     long const whole = count - count % 4;
-    if (map.translation)
-        transform<true>(map, p, p + 3 * whole);
+    Number const* const end = p + 3 * whole;
+    if (map.factor && map.translation)
+        transform<true, true>(map, p, end);
+    else if (map.factor)
+        transform<true, false>(map, p, end);
+    else if (map.translation)
+        transform<false, true>(map, p, end);
     else
-        transform<false>(map, p, p + 3 * whole);
+        transform<false, false>(map, p, end);
     return whole;
 }
 
 #else
 
-long kova::detail::transformFours(PointMap const& /*map*/, float* /*p*/, long /*count*/) noexcept {
+template <class Number>
+long kova::detail::transformFours(PointMap const& /*map*/, Number* /*p*/, long /*count*/) noexcept {
     return 0;
 }
 
 #endif
+
+template long kova::detail::transformFours(PointMap const& map, float* p, long count) noexcept;
+template long kova::detail::transformFours(PointMap const& map, double* p, long count) noexcept;
