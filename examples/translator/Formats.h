@@ -23,6 +23,7 @@ public:
 
     // By the end that its files' names have, in any case: "obj", or ".obj".
 
+    bool knows(std::string_view extension) { return find(extension) != byExtension_.end(); }
     /// Null for one that is not known, or whose library will not do, which is reported once.
     Format const* of(std::string_view extension);
     /// The same for a file. Null is reported, and the result is Invalid Argument or Invalid Component; `option` is

@@ -133,13 +133,19 @@ KOVIResult runProduct(CommandLine const& line, std::vector<FilePair> const& pair
     return translateAll(line, pairs, options.handle(), formats, console);
 }
 
-/// A format that an argument names is wrong before any file is.
+/// A format that an argument names is wrong before any file is, and so is a log that has a model's name: "--log *.stl"
+/// would lose the first of the models.
 KOVIResult checkFormats(CommandLine const& line, Formats& formats) {
     KOVIResult result = kSuccess;
     if (!line.fromFormat.empty())
         formats.of(line.fromFormat, ("--from-format=" + line.fromFormat).c_str(), nullptr, result);
     if (result.IsSuccess() && !line.toFormat.empty())
         formats.of(line.toFormat, ("--to-format=" + line.toFormat).c_str(), nullptr, result);
+    for (std::string const& log : {line.log, line.jsonLog}) {
+        if (result.IsSuccess() && formats.knows(toolkit::extensionOf(log.c_str())))
+            result = toolkit::fail(toolkit::kInvalidArgument, log.c_str(), toolkit::kNowhere,
+                                   "cannot be a log: its name is a model's");
+    }
     return result;
 }
 
