@@ -1,7 +1,7 @@
 #include <kova/math/kernels.h>
 
-// Compilers for 64-bit Windows do not align the stack for vectors of this size.
-#if defined(__SSE2__) && !defined(_WIN64)
+// Where exceptions are the system's own structured ones, compilers do not align the stack for vectors of this size.
+#if defined(__SSE2__) && !defined(__SEH__)
 #  include <cpuid.h>
 #  include <immintrin.h>
 
