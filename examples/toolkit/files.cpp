@@ -57,12 +57,16 @@ File openFile(fs::path const& path, char const* mode) {
     return File(KOVAFilePath(name).OpenFile(KOVAString(mode)));
 }
 
+std::string wholePath(char const* name) {
+    std::error_code error;
+    fs::path const path = fs::absolute(systemPath(name), error);
+    fs::path const whole = fs::weakly_canonical(path, error);
+    return (error ? path : whole).u8string();
+}
+
 bool isSameFile(char const* a, char const* b) {
     std::error_code error;
-    if (fs::equivalent(systemPath(a), systemPath(b), error))
-        return true;
-    fs::path const first = fs::weakly_canonical(systemPath(a), error);
-    return !error && first == fs::weakly_canonical(systemPath(b), error) && !error;
+    return fs::equivalent(systemPath(a), systemPath(b), error) || wholePath(a) == wholePath(b);
 }
 
 File openToRead(char const* name, KOVIResult& result) {

@@ -27,6 +27,9 @@ std::string nameFrom(KOVAString const& text);
 /// As std::fopen, errno included.
 File openFile(std::filesystem::path const& path, char const* mode);
 
+/// Without links and detours; of a file that is not there, its place.
+std::string wholePath(char const* name);
+
 /// Whether two names lead to one file, or would if it were there.
 bool isSameFile(char const* a, char const* b);
 
